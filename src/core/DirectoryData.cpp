@@ -1,0 +1,289 @@
+#include "core/DirectoryData.h"
+
+#include <array>
+
+#include "core/ClusterRounding.h"
+#include "core/Crc32.h"
+#include "core/NameCrc.h"
+#include "core/OwnerPool.h"
+#include "core/RecordPath.h"
+#include "core/RecordServices.h"
+#include "platform/FileSystem.h"
+#include "platform/Text.h"
+
+namespace zv {
+
+CDirectoryData::CDirectoryData(CDirectoryData* pParent, std::u16string_view strName,
+                               FILETIME ftCreated, FILETIME ftAccessed, FILETIME ftModified,
+                               uint32_t uAttributes)
+    : m_uFlags(0),
+      m_nFileSort(0),
+      m_nDirSort(0),
+      m_nLevel(pParent ? pParent->m_nLevel + 1 : 0),
+      m_hTreeItem(nullptr),
+      m_dFilesSize(0),
+      m_dFilesActual(0),
+      m_dSubdirsSize(0),
+      m_dSubdirsActual(0),
+      m_strName(strName),
+      m_pParent(pParent),
+      m_ftCreated(ftCreated),
+      m_ftAccessed(ftAccessed),
+      m_ftModified(ftModified),
+      m_uAttributes(uAttributes),
+      m_uCumulativeCount(0),
+      m_nDuplicateGroup(0),
+      m_uNameCrc(0),
+      m_uCrc(0),
+      m_uCrcWithSubdirs(0),
+      m_bTotalsValid(0),
+      m_pOwner(nullptr),
+      m_nTotalFiles(0),
+      m_nTotalDirs(0) {}
+
+CDirectoryData::~CDirectoryData() = default;
+
+std::u16string CDirectoryData::GetFullPath() const {
+    std::vector<const CDirectoryData*> aChain;
+    size_t nLength = 0;
+    for (const CDirectoryData* p = this; p; p = p->m_pParent) {
+        aChain.push_back(p);
+        nLength += p->m_strName.GetLength() + 1;
+    }
+    std::u16string strPath;
+    strPath.reserve(nLength);
+    strPath.append(aChain.back()->m_strName.View());
+    for (size_t i = aChain.size() - 1; i-- > 0;) AppendPathComponent(strPath, aChain[i]->m_strName);
+    return strPath;
+}
+
+namespace {
+
+// Fills aChain with the directories from the root down to pDir.
+template <typename Chain>
+size_t FillChain(const CDirectoryData* pDir, Chain& aChain, size_t nDepth) {
+    for (size_t i = nDepth; pDir; pDir = pDir->m_pParent) aChain[--i] = pDir;
+    return nDepth;
+}
+
+size_t Depth(const CDirectoryData* pDir) {
+    size_t n = 0;
+    for (; pDir; pDir = pDir->m_pParent) ++n;
+    return n;
+}
+
+template <typename ChainA, typename ChainB>
+int CompareChains(const ChainA& aA, size_t nA, const ChainB& aB, size_t nB) {
+    const size_t nCommon = nA < nB ? nA : nB;
+    for (size_t i = 0; i < nCommon; ++i) {
+        if (aA[i] == aB[i]) continue;
+        const int nCmp = platform::CompareNoCase(aA[i]->m_strName.View(), aB[i]->m_strName.View());
+        if (nCmp != 0) return nCmp;
+    }
+    // One is an ancestor of the other (or the same path in other case): the
+    // shorter chain sorts after the longer.
+    if (nA == nB) return 0;
+    return nA < nB ? 1 : -1;
+}
+
+}  // namespace
+
+int CDirectoryData::ComparePath(const CDirectoryData* pA, const CDirectoryData* pB) {
+    if (pA == pB) return 0;
+    constexpr size_t kStackLevels = 20;
+    const size_t nA = Depth(pA), nB = Depth(pB);
+    if (nA < kStackLevels && nB < kStackLevels) {
+        std::array<const CDirectoryData*, kStackLevels> aA, aB;
+        FillChain(pA, aA, nA);
+        FillChain(pB, aB, nB);
+        return CompareChains(aA, nA, aB, nB);
+    }
+    std::vector<const CDirectoryData*> aA(nA), aB(nB);
+    FillChain(pA, aA, nA);
+    FillChain(pB, aB, nB);
+    return CompareChains(aA, nA, aB, nB);
+}
+
+CRootDirectoryData* CDirectoryData::GetRoot() {
+    CDirectoryData* p = this;
+    while (p->m_pParent) p = p->m_pParent;
+    return p->IsRoot() ? static_cast<CRootDirectoryData*>(p) : nullptr;
+}
+
+const CRootDirectoryData* CDirectoryData::GetRoot() const {
+    return const_cast<CDirectoryData*>(this)->GetRoot();
+}
+
+uint32_t CDirectoryData::GetNameCrc() {
+    if (!(m_uFlags & DIR_NAME_CRC_VALID)) {
+        m_uNameCrc = NameCrc(m_strName);
+        m_uFlags |= DIR_NAME_CRC_VALID;
+    }
+    return m_uNameCrc;
+}
+
+const std::u16string& CDirectoryData::GetOwner() {
+    if (!(m_uFlags & DIR_OWNER_VALID)) {
+        m_uFlags |= DIR_OWNER_VALID;
+        m_pOwner = RecordServices().LookupOwner(GetFullPath());
+    }
+    return m_pOwner ? *m_pOwner : NoOwner();
+}
+
+void CDirectoryData::SetOwner(std::u16string_view strOwner) {
+    m_pOwner = InternOwner(strOwner);
+    m_uFlags |= DIR_OWNER_VALID;
+}
+
+uint32_t CDirectoryData::GetCrc() {
+    if (m_uFlags & DIR_CRC_VALID) return m_uCrc;
+    // Valid before anything else, so the guard holds against re-entry.
+    m_uFlags |= DIR_CRC_VALID;
+    m_uCrc = 0;
+    if (m_aFiles.IsEmpty()) return 0;
+    RecordServices().ComputeCrcs(m_aFiles.Items());
+    uint32_t uRunning = Crc32Init();
+    for (CFileData* pFile : m_aFiles) uRunning = Crc32Fold(uRunning, pFile->GetCrc());
+    m_uCrc = m_aFiles.GetSize() == 1 ? m_aFiles[0]->GetCrc() : Crc32Final(uRunning);
+    return m_uCrc;
+}
+
+uint32_t CDirectoryData::GetCrcWithSubdirs() {
+    if (m_uFlags & DIR_CRC_SUBDIRS_VALID) return m_uCrcWithSubdirs;
+    m_uFlags |= DIR_CRC_SUBDIRS_VALID;
+    GetCrc();
+    if (m_aChildren.IsEmpty()) {
+        m_uCrcWithSubdirs = m_uCrc;
+        return m_uCrcWithSubdirs;
+    }
+    uint32_t uRunning = Crc32Fold(Crc32Init(), m_uCrc);
+    for (CDirectoryData* pChild : m_aChildren)
+        uRunning = Crc32Fold(uRunning, pChild->GetCrcWithSubdirs());
+    m_uCrcWithSubdirs = Crc32Final(uRunning);
+    return m_uCrcWithSubdirs;
+}
+
+void CDirectoryData::AddFile(CFileData* pFile, double dClusterSize) {
+    const double dSize = pFile->m_dSize;
+    const double dActual = RoundToCluster(dSize, dClusterSize);
+    m_dFilesSize += dSize;
+    m_dFilesActual += dActual;
+    ++m_uCumulativeCount;
+    for (CDirectoryData* p = m_pParent; p; p = p->m_pParent) {
+        p->m_dSubdirsSize += dSize;
+        p->m_dSubdirsActual += dActual;
+        ++p->m_uCumulativeCount;
+    }
+    m_aFiles.Add(pFile);
+}
+
+bool CDirectoryData::RemoveFile(CFileData* pFile) {
+    auto& aFiles = m_aFiles.Items();
+    for (size_t i = aFiles.size(); i-- > 0;) {
+        if (aFiles[i] != pFile) continue;
+        const double dSize = pFile->m_dSize;
+        const CRootDirectoryData* pRoot = GetRoot();
+        const double dActual = RoundToCluster(dSize, pRoot ? pRoot->m_dClusterSize : 0);
+        m_dFilesSize -= dSize;
+        m_dFilesActual -= dActual;
+        m_aFiles.DeleteAt(i);
+        --m_uCumulativeCount;
+        for (CDirectoryData* p = m_pParent; p; p = p->m_pParent) {
+            --p->m_uCumulativeCount;
+            p->m_dSubdirsSize -= dSize;
+            p->m_dSubdirsActual -= dActual;
+        }
+        return true;
+    }
+    for (size_t i = m_aChildren.GetSize(); i-- > 0;)
+        if (m_aChildren[i]->RemoveFile(pFile)) return true;
+    return false;
+}
+
+void CDirectoryData::ResetForScan() {
+    m_uFlags &= ~(DIR_CRC_VALID | DIR_CRC_SUBDIRS_VALID);
+    m_dFilesSize = m_dFilesActual = m_dSubdirsSize = m_dSubdirsActual = 0;
+    m_uCumulativeCount = 0;
+    m_uCrc = m_uCrcWithSubdirs = 0;
+    InvalidateTotals();
+}
+
+void CDirectoryData::InvalidateTotals() {
+    m_bTotalsValid = 0;
+    for (CDirectoryData* pChild : m_aChildren) pChild->InvalidateTotals();
+}
+
+void CDirectoryData::Flatten(std::vector<CDirectoryData*>& aList) {
+    aList.push_back(this);
+    for (size_t i = m_aChildren.GetSize(); i-- > 0;) m_aChildren[i]->Flatten(aList);
+}
+
+void CDirectoryData::CollectFiles(std::vector<std::u16string>* pNames,
+                                  std::vector<CDirectoryData*>& aDirs,
+                                  std::vector<CFileData*>& aFiles) {
+    for (CFileData* pFile : m_aFiles) {
+        if (pNames) pNames->push_back(pFile->m_strName.Str());
+        aDirs.push_back(this);
+        aFiles.push_back(pFile);
+    }
+    for (CDirectoryData* pChild : m_aChildren) pChild->CollectFiles(pNames, aDirs, aFiles);
+}
+
+bool CDirectoryData::HasFiles() const {
+    if (!m_aFiles.IsEmpty()) return true;
+    for (const CDirectoryData* pChild : m_aChildren)
+        if (pChild->HasFiles()) return true;
+    return false;
+}
+
+namespace {
+
+void AddSubtreeCounts(const CDirectoryData& dir, int64_t& nFiles, int64_t& nDirs) {
+    for (size_t i = dir.m_aChildren.GetSize(); i-- > 0;) {
+        const CDirectoryData& child = *dir.m_aChildren[i];
+        nFiles += static_cast<int64_t>(child.m_aFiles.GetSize());
+        nDirs += static_cast<int64_t>(child.m_aChildren.GetSize());
+        AddSubtreeCounts(child, nFiles, nDirs);
+    }
+}
+
+}  // namespace
+
+void CDirectoryData::ComputeTotals() {
+    m_nTotalFiles = static_cast<int64_t>(m_aFiles.GetSize());
+    m_nTotalDirs = static_cast<int64_t>(m_aChildren.GetSize());
+    AddSubtreeCounts(*this, m_nTotalFiles, m_nTotalDirs);
+    m_bTotalsValid = 1;
+}
+
+int64_t CDirectoryData::GetTotalFiles() {
+    if (!m_bTotalsValid) ComputeTotals();
+    return m_nTotalFiles;
+}
+
+int64_t CDirectoryData::GetTotalDirs() {
+    if (!m_bTotalsValid) ComputeTotals();
+    return m_nTotalDirs;
+}
+
+void CDirectoryData::RecomputeTotals() {
+    m_nTotalFiles = static_cast<int64_t>(m_aFiles.GetSize());
+    m_nTotalDirs = static_cast<int64_t>(m_aChildren.GetSize());
+    for (CDirectoryData* pChild : m_aChildren) {
+        pChild->RecomputeTotals();
+        m_nTotalFiles += pChild->m_nTotalFiles;
+        m_nTotalDirs += pChild->m_nTotalDirs;
+    }
+    m_bTotalsValid = 1;
+}
+
+void CDirectoryData::DecrementFileTotal() { --m_nTotalFiles; }
+void CDirectoryData::DecrementDirTotal() { --m_nTotalDirs; }
+
+void CDirectoryData::CompactArrays() {
+    m_aFiles.FreeExtra();
+    m_aChildren.FreeExtra();
+    for (CDirectoryData* pChild : m_aChildren) pChild->CompactArrays();
+}
+
+}  // namespace zv

@@ -1,0 +1,59 @@
+#include "core/RecordServices.h"
+
+#include "core/Crc32.h"
+#include "core/FileData.h"
+#include "core/OwnerPool.h"
+#include "platform/FileSystem.h"
+
+namespace zv {
+namespace {
+
+IRecordServices s_defaultServices;
+IRecordServices* s_pServices = &s_defaultServices;
+
+}  // namespace
+
+uint32_t IRecordServices::Crc32OfFile(const std::u16string& strPath, bool& bFailed, double) {
+    platform::CFileReader reader;
+    if (!reader.Open(strPath)) {
+        bFailed = true;
+        return 0;
+    }
+    constexpr size_t kBlock = 8192;
+    unsigned char aBuffer[kBlock];
+    uint32_t uRegister = Crc32Init();
+    bool bAnyByte = false;
+    for (;;) {
+        const int64_t nRead = reader.Read(aBuffer, kBlock);
+        if (nRead <= 0) break;
+        uRegister = Crc32Update(uRegister, aBuffer, static_cast<size_t>(nRead));
+        bAnyByte = true;
+        if (static_cast<size_t>(nRead) < kBlock) break;
+    }
+    return bAnyByte ? Crc32Final(uRegister) : 0;
+}
+
+uint32_t IRecordServices::Crc32OfFileWithoutTags(const std::u16string& strPath, bool& bFailed) {
+    return Crc32OfFile(strPath, bFailed, 0);
+}
+
+void IRecordServices::ComputeCrcs(const std::vector<CFileData*>& aFiles) {
+    for (CFileData* pFile : aFiles) pFile->GetCrc();
+}
+
+const std::u16string* IRecordServices::LookupOwner(const std::u16string& strPath) {
+    std::u16string strOwner;
+    if (!platform::LookupOwnerName(strPath, strOwner)) return nullptr;
+    return InternOwner(strOwner);
+}
+
+bool IRecordServices::ReadHasVersionInfo(const CFileData&) { return false; }
+bool IRecordServices::ReadHasMediaInfo(const CFileData&) { return false; }
+
+IRecordServices& RecordServices() { return *s_pServices; }
+
+void SetRecordServices(IRecordServices* pServices) {
+    s_pServices = pServices ? pServices : &s_defaultServices;
+}
+
+}  // namespace zv
