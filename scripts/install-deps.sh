@@ -7,7 +7,8 @@ packages=(
   cmake ninja-build g++ pkg-config
   googletest libgtest-dev libbenchmark-dev
   g++-mingw-w64-x86-64-posix wine wine64
-  util-linux tzdata
+  util-linux tzdata python3
+  libcli11-dev nlohmann-json3-dev
 )
 
 missing=()

@@ -49,6 +49,7 @@ const std::u16string* IRecordServices::LookupOwner(const std::u16string& strPath
 
 bool IRecordServices::ReadHasVersionInfo(const CFileData&) { return false; }
 bool IRecordServices::ReadHasMediaInfo(const CFileData&) { return false; }
+std::u16string IRecordServices::ReadVersionText(const CFileData&) { return {}; }
 
 IRecordServices& RecordServices() { return *s_pServices; }
 

@@ -31,6 +31,8 @@ public:
     // Whether the file has a version block / media metadata.
     virtual bool ReadHasVersionInfo(const CFileData& file);
     virtual bool ReadHasMediaInfo(const CFileData& file);
+    // The version text of a file's version block; empty without one.
+    virtual std::u16string ReadVersionText(const CFileData& file);
 };
 
 IRecordServices& RecordServices();

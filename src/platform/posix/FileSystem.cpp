@@ -117,7 +117,7 @@ bool IsHiddenName(std::string_view name) {
 uint32_t AttributesOf(mode_t uMode, std::string_view name) {
     uint32_t uAttributes = 0;
     if (S_ISLNK(uMode)) {
-        uAttributes |= ATTR_REPARSE_POINT;  // not followed, so no directory bit
+        uAttributes |= ATTR_REPARSE_POINT;  // never followed
     } else if (S_ISDIR(uMode)) {
         uAttributes |= ATTR_DIRECTORY;
     } else if (S_ISREG(uMode)) {
@@ -146,6 +146,16 @@ void FillEntry(const CStatInfo& info, std::string_view name, CDirEntry& entry) {
     entry.ftAccessed = ToFileTime(info.accessed);
     entry.ftModified = ToFileTime(info.modified);
     entry.uAttributes = AttributesOf(info.uMode, name);
+}
+
+// A symbolic link to a directory carries the directory bit beside the
+// reparse-point bit, as a Windows directory link does, so that the scanner
+// skips it like any directory link instead of keeping it as a file. The
+// target is only looked at, never entered.
+void MarkLinkToDirectory(int nDirFd, const char* pszName, CDirEntry& entry) {
+    struct stat st;
+    if (fstatat(nDirFd, pszName, &st, 0) == 0 && S_ISDIR(st.st_mode))
+        entry.uAttributes |= ATTR_DIRECTORY;
 }
 
 // An entry that is listed but cannot be examined (its directory is readable
@@ -309,6 +319,7 @@ bool CDirectoryReader::Next(CDirEntry& entry) {
         CStatInfo info;
         if (StatAt(dirfd(pDir), pEntry->d_name, false, info)) {
             FillEntry(info, name, entry);
+            if (S_ISLNK(info.uMode)) MarkLinkToDirectory(dirfd(pDir), pEntry->d_name, entry);
         } else if (errno == ENOENT) {
             continue;  // removed since the listing was read
         } else {

@@ -1,0 +1,75 @@
+#include "app/ScanSummary.h"
+
+#include <cstdio>
+#include <nlohmann/json.hpp>
+
+#include "core/Document.h"
+#include "platform/Text.h"
+
+namespace zv {
+namespace {
+
+std::string Utf8(const std::u16string& str) { return platform::Utf16ToUtf8(str); }
+
+std::string WholeNumber(double d) {
+    char szText[32];
+    std::snprintf(szText, sizeof szText, "%.0f", d);
+    return szText;
+}
+
+}  // namespace
+
+CScanSummary SummarizeScan(const CWZorvaneDoc& doc, double dSeconds) {
+    CScanSummary summary;
+    for (const CRootDirectoryData* pRoot : doc.m_scan.m_aRoots) {
+        summary.m_aRoots.push_back(pRoot->GetFullPath());
+        summary.m_dBytes += pRoot->GetSizeWithSubdirs();
+        summary.m_dActualBytes += pRoot->GetActualWithSubdirs();
+    }
+    summary.m_nDirectories = doc.m_scan.m_aAllDirs.GetSize();
+    summary.m_nFiles = doc.m_scan.m_aAllFiles.GetSize();
+    summary.m_aProtected = doc.m_scan.m_aProtectedDirs;
+    summary.m_dSeconds = dSeconds;
+    summary.m_bStopped = doc.m_bStopRequested != 0;
+    return summary;
+}
+
+std::string FormatSummaryText(const CScanSummary& summary) {
+    std::string strText;
+    strText += "Roots: " + std::to_string(summary.m_aRoots.size()) + "\n";
+    for (const std::u16string& strRoot : summary.m_aRoots) strText += "  " + Utf8(strRoot) + "\n";
+    strText += "Directories: " + std::to_string(summary.m_nDirectories) + "\n";
+    strText += "Files: " + std::to_string(summary.m_nFiles) + "\n";
+    strText += "Bytes: " + WholeNumber(summary.m_dBytes) + "\n";
+    strText += "Actual bytes: " + WholeNumber(summary.m_dActualBytes) + "\n";
+    strText += "Protected directories: " + std::to_string(summary.m_aProtected.size()) + "\n";
+    for (const std::u16string& strPath : summary.m_aProtected)
+        strText += "  " + Utf8(strPath) + "\n";
+    char szSeconds[32];
+    std::snprintf(szSeconds, sizeof szSeconds, "%.3f", summary.m_dSeconds);
+    strText += std::string("Elapsed: ") + szSeconds + " s\n";
+    if (summary.m_bStopped)
+        strText += "Stopped before the end: the figures cover what was scanned.\n";
+    return strText;
+}
+
+std::string FormatSummaryJson(const CScanSummary& summary) {
+    nlohmann::ordered_json json;
+    json["roots"] = nlohmann::json::array();
+    for (const std::u16string& strRoot : summary.m_aRoots) json["roots"].push_back(Utf8(strRoot));
+    json["directories"] = summary.m_nDirectories;
+    json["files"] = summary.m_nFiles;
+    // Sizes are whole numbers of bytes held in doubles; exact up to 2^53.
+    json["bytes"] = static_cast<uint64_t>(summary.m_dBytes);
+    json["actual_bytes"] = static_cast<uint64_t>(summary.m_dActualBytes);
+    json["protected"] = nlohmann::json::array();
+    for (const std::u16string& strPath : summary.m_aProtected)
+        json["protected"].push_back(Utf8(strPath));
+    json["elapsed_seconds"] = summary.m_dSeconds;
+    json["stopped"] = summary.m_bStopped;
+    // Names whose bytes are not UTF-8 cannot be JSON text; they show with
+    // the replacement character.
+    return json.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
+}
+
+}  // namespace zv

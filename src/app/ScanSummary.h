@@ -1,0 +1,27 @@
+// What `zorvane-cli scan` tells about a finished scan.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace zv {
+
+class CWZorvaneDoc;
+
+struct CScanSummary {
+    std::vector<std::u16string> m_aRoots;
+    size_t m_nDirectories = 0;
+    size_t m_nFiles = 0;  // streams counted
+    double m_dBytes = 0;
+    double m_dActualBytes = 0;
+    std::vector<std::u16string> m_aProtected;
+    double m_dSeconds = 0;
+    bool m_bStopped = false;
+};
+
+CScanSummary SummarizeScan(const CWZorvaneDoc& doc, double dSeconds);
+std::string FormatSummaryText(const CScanSummary& summary);
+std::string FormatSummaryJson(const CScanSummary& summary);
+
+}  // namespace zv

@@ -1,0 +1,266 @@
+#include "core/Scanner.h"
+
+#include <ctime>
+#include <new>
+
+#include "core/Document.h"
+#include "core/Host.h"
+#include "core/ProgressDialog.h"
+#include "core/RecordPath.h"
+#include "core/SortCodes.h"
+#include "platform/FileSystem.h"
+#include "platform/Text.h"
+
+namespace zv {
+namespace {
+
+// Below this many characters a directory is opened by its path and closed
+// before its subdirectories are walked. From here on it stays open and its
+// subdirectories are opened relative to it, so that trees deeper than the
+// operating system's path limit are walked all the same.
+constexpr size_t kHandleWalkLength = 1000;
+
+std::u16string Number(size_t n) { return platform::U16(std::to_string(n)); }
+
+int Percent(size_t nDone, size_t nTotal) {
+    return nTotal ? static_cast<int>(double(nDone) / double(nTotal) * 100) : 0;
+}
+
+}  // namespace
+
+CScanner::CScanner(CWZorvaneDoc& doc, IScanFilter* pFilter, IScanSteps* pSteps)
+    : m_doc(doc), m_pFilter(pFilter), m_pSteps(pSteps ? pSteps : &m_defaultSteps) {
+    m_pSteps->m_pDocument = &m_doc;
+}
+
+bool CScanner::IsStopRequested() const { return m_doc.m_bStopRequested != 0; }
+
+void CScanner::Rescan() {
+    const std::u16string strCurrentDir = m_doc.m_strCurrentDir;
+    if (m_doc.m_bScanning) return;
+    CScanRegisters& scan = m_doc.m_scan;
+    if (scan.m_aRoots.IsEmpty()) {
+        m_doc.m_pCurrentDir = nullptr;
+        Host().SetFileCount(0);
+        Host().SetStatusText(u"");
+        return;
+    }
+    m_doc.m_bScanning = 1;
+    m_doc.m_bStopRequested = 0;
+    ScanAllRoots();
+    if (m_doc.m_options.m_bLargestType) m_pSteps->SortTypeTable();
+    m_doc.m_bScanning = 0;
+
+    m_pSteps->ApplyCrcList();
+    m_pSteps->RunAutoPrint();
+    if (m_doc.m_print.m_autoPrint.m_bExit) m_pSteps->ExitAfterPrinting();
+    m_pSteps->FindDuplicates();
+    m_pSteps->BuildTree();
+    m_doc.m_strCurrentDir = strCurrentDir;
+    m_pSteps->RestoreSelection();
+
+    const CAutoPrintSettings& autoPrint = m_doc.m_print.m_autoPrint;
+    const bool bReportsProtected =
+        autoPrint.m_main.m_bEnabled || autoPrint.m_dupFiles.m_bEnabled ||
+        autoPrint.m_dupDirs.m_bEnabled || autoPrint.m_largestFiles.m_bEnabled ||
+        autoPrint.m_largestDirs.m_bEnabled || autoPrint.m_largestOwner.m_bEnabled;
+    if (!scan.m_aProtectedDirs.empty() && !bReportsProtected) m_pSteps->ShowProtectedDirectories();
+}
+
+void CScanner::ClearPreviousScan() {
+    m_pSteps->CloseResultScreens();
+    m_doc.m_scan.ClearScan();
+    m_doc.m_results.Clear();
+    m_pSteps->ClearTables();
+    m_doc.m_pCurrentDir = nullptr;
+}
+
+void CScanner::ScanAllRoots() {
+    ClearPreviousScan();
+    m_doc.m_tScanTime = static_cast<int64_t>(std::time(nullptr));
+    CScanRegisters& scan = m_doc.m_scan;
+    if (scan.m_aRoots.IsEmpty()) return;
+
+    m_pSteps->SaveRemembered();
+    m_doc.m_bFilterActive = m_pFilter && m_pFilter->IsActive() ? 1 : 0;
+    if (m_pFilter && m_pFilter->HasDuplicateFilter() && !m_doc.m_options.m_dupFiles.Any() &&
+        !m_doc.m_options.m_dupDirs.Any()) {
+        Host().ShowMessage(
+            u"You have duplicate files/dirs filter\nBut you have not chosen the duplicate files "
+            u"criterea");
+        if (!m_pSteps->ChooseDuplicateCriteria()) return;
+    }
+    if (m_pFilter) m_pFilter->ResolveRelativeDates();
+
+    std::vector<std::u16string> aErrors;
+    for (size_t i = 0; i < scan.m_aRoots.GetSize(); ++i) {
+        CRootDirectoryData& root = *scan.m_aRoots[i];
+        scan.m_aAllDirs.Add(&root);
+        root.ResetForScan();
+        root.m_nFileSort = root.m_nDirSort = 0;
+        GetDirectoryTimes(root.m_strName.Str(), root.m_ftCreated, root.m_ftAccessed,
+                          root.m_ftModified);
+        PumpMessages();
+        if (IsStopRequested()) break;
+        ScanRootDirectory(1, i, root, root, aErrors, root.m_strName.Str(), nullptr);
+        if (m_doc.m_options.m_bShowCrc) root.GetCrcWithSubdirs();
+        SortSubtree(root, m_doc.m_options.m_nFileSort, m_doc.m_options.m_nDirSort);
+    }
+
+    if (m_doc.m_bFilterActive) {
+        auto& aDirs = scan.m_aAllDirs.Items();
+        for (size_t i = aDirs.size(); i-- > 0;)
+            if (!aDirs[i]->HasFiles()) aDirs.erase(aDirs.begin() + i);
+    }
+
+    if (!aErrors.empty() && !m_doc.m_print.m_autoPrint.m_main.m_bEnabled) {
+        std::u16string strText;
+        for (const std::u16string& strError : aErrors) {
+            if (!strText.empty()) strText += u'\n';
+            strText += strError;
+        }
+        Host().ShowMessage(strText);
+    }
+}
+
+bool CScanner::GetDirectoryTimes(const std::u16string& strPath, FILETIME& ftCreated,
+                                 FILETIME& ftAccessed, FILETIME& ftModified) {
+    ftCreated = ftAccessed = ftModified = FILETIME{};
+    CDirEntry entry;
+    if (!platform::GetEntryInfo(strPath, entry)) {
+        Host().ShowMessage(u"CreateFile failed");
+        return false;
+    }
+    ftCreated = entry.ftCreated;
+    ftAccessed = entry.ftAccessed;
+    ftModified = entry.ftModified;
+    return true;
+}
+
+void CScanner::ScanRootDirectory(int nLevel, size_t nRootIndex, CDirectoryData& dir,
+                                 CRootDirectoryData& root, std::vector<std::u16string>& aErrors,
+                                 const std::u16string& strPath,
+                                 const platform::CDirectoryReader* pParentReader) {
+    if (m_pFilter && m_pFilter->IsDirectoryExcluded(strPath)) return;
+    const bool bSkipFiles = m_pFilter && m_pFilter->SkipsFilesOf(strPath);
+
+    platform::CDirectoryReader reader;
+    const bool bOpened =
+        pParentReader ? reader.OpenChild(*pParentReader, dir.m_strName) : reader.Open(strPath);
+    if (!bOpened) {
+        const uint32_t uAttributes = platform::GetFileAttributes(strPath);
+        if (uAttributes != ATTR_INVALID) dir.m_uAttributes = uAttributes;
+        if (reader.GetLastError() == ERR_ACCESS_DENIED) {
+            m_doc.m_scan.m_aProtectedDirs.push_back(strPath);
+            dir.m_uFlags |= DIR_PROTECTED;
+        }
+        return;
+    }
+    CDirEntry self;
+    if (reader.GetSelf(self)) dir.m_uAttributes = self.uAttributes;
+    Host().SetStatusText(u"Scanning " + strPath);
+
+    const CDocumentOptions& options = m_doc.m_options;
+    const double dClusterSize = root.m_dClusterSize;
+    CDirEntry entry;
+    for (;;) {
+        PumpMessages();
+        if (IsStopRequested()) break;
+        if (!reader.Next(entry)) break;
+        if (entry.IsDirectory()) {
+            // Junctions, mount points and links are never followed.
+            if (entry.uAttributes & ATTR_REPARSE_POINT) continue;
+            if (!options.m_bScanSubdirs) continue;
+            CDirectoryData* pChild = new (std::nothrow)
+                CDirectoryData(&dir, entry.strName, entry.ftCreated, entry.ftAccessed,
+                               entry.ftModified, entry.uAttributes);
+            if (!pChild) {
+                Host().ShowMessage(
+                    u"Ran out of memory (new CDirectoryData) in "
+                    u"CTreeCtrlView::ScanRootDirectory()");
+                break;
+            }
+            m_doc.m_scan.m_aAllDirs.Add(pChild);
+            dir.m_aChildren.Add(pChild);
+            continue;
+        }
+        if (bSkipFiles) continue;
+        const double dSize = entry.Size();
+        CFileCandidate candidate(entry, dir, strPath, dSize);
+        if (m_pFilter && !m_pFilter->AdmitsFile(candidate)) continue;
+        AddFileRecord(dir, entry, dSize, dClusterSize, candidate);
+    }
+
+    dir.m_aChildren.FreeExtra();
+    dir.m_aFiles.FreeExtra();
+    // Deep directories stay open so their subdirectories open relative to them.
+    if (strPath.size() < kHandleWalkLength) reader.Close();
+    Host().SetFileCount(m_doc.m_scan.m_aAllFiles.GetSize());
+    if (options.m_bShowCrc) dir.GetCrc();
+    if (options.m_bLargestDirs) m_pSteps->OfferLargestDirectory(dir);
+    if (dir.m_aChildren.IsEmpty()) return;
+
+    SortChildren(dir, 2);  // name descending: walked from the last, so in name order
+    if (options.m_nMaxDepth != -1 && options.m_nMaxDepth < nLevel + 1) return;
+    WalkChildren(nLevel, nRootIndex, dir, root, aErrors, strPath,
+                 reader.IsOpen() ? &reader : nullptr);
+}
+
+void CScanner::WalkChildren(int nLevel, size_t nRootIndex, CDirectoryData& dir,
+                            CRootDirectoryData& root, std::vector<std::u16string>& aErrors,
+                            const std::u16string& strPath,
+                            const platform::CDirectoryReader* pReader) {
+    std::unique_ptr<CProgressDialog> pProgress;
+    const size_t nRootCount = m_doc.m_scan.m_aRoots.GetSize();
+    if (nLevel == 1) {
+        pProgress = std::make_unique<CProgressDialog>(false);
+        pProgress->Open();
+    }
+    const size_t nChildren = dir.m_aChildren.GetSize();
+    size_t i = 0;
+    for (size_t nIndex = nChildren; nIndex-- > 0;) {
+        ++i;
+        if (IsStopRequested()) break;
+        CDirectoryData& child = *dir.m_aChildren[nIndex];
+        const std::u16string strChildPath = JoinPath(strPath, child.m_strName);
+        if (pProgress) {
+            const int nPosition = Percent(i, nChildren);
+            pProgress->SetPercent(nPosition);
+            const std::u16string strLine1 =
+                u"Scanning root  " + Number(nRootIndex + 1) + u"/" + Number(nRootCount) + u"   " +
+                Number(Percent(nRootIndex + 1, nRootCount)) + u"%  " + root.m_strName.Str();
+            const std::u16string strLine2 = u"Scanning root subdirectory  " + Number(i) + u"/" +
+                                            Number(nChildren) + u"  " + Number(nPosition) + u"%  " +
+                                            child.m_strName.Str();
+            pProgress->SetLine1(strLine1.c_str());
+            pProgress->SetLine2(strLine2.c_str());
+        }
+        ScanRootDirectory(nLevel + 1, nRootIndex, child, root, aErrors, strChildPath, pReader);
+    }
+}
+
+CFileData* CScanner::AddFileRecord(CDirectoryData& dir, const CDirEntry& entry, double dSize,
+                                   double dClusterSize, CFileCandidate& candidate) {
+    CFileData* pFile =
+        candidate.m_bHasOwner
+            ? new (std::nothrow) CFileData(entry.strName, dSize, entry.ftCreated, entry.ftAccessed,
+                                           entry.ftModified, entry.uAttributes, &dir, false,
+                                           nullptr, candidate.m_strOwner)
+            : new (std::nothrow)
+                  CFileData(entry.strName, dSize, entry.ftCreated, entry.ftAccessed,
+                            entry.ftModified, entry.uAttributes, &dir, false, nullptr);
+    if (!pFile) {
+        Host().ShowMessage(
+            u"Ran out of memory (new CFileData) in CTreeCtrlView::ScanRootDirectory()");
+        return nullptr;
+    }
+    m_doc.m_scan.m_aAllFiles.Add(pFile);
+    if (candidate.m_bHasCrc) pFile->SetCrc(candidate.m_uCrc);
+    dir.AddFile(pFile, dClusterSize);
+    m_pSteps->OfferLargestFile(*pFile);
+    if (m_doc.m_options.m_bLargestType) m_pSteps->AddToTypeTable(*pFile);
+    if (m_doc.m_options.m_bLargestOwner && !pFile->IsStream()) m_pSteps->AddToOwnerTable(*pFile);
+    return pFile;
+}
+
+}  // namespace zv

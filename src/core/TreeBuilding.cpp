@@ -1,0 +1,66 @@
+#include "core/TreeBuilding.h"
+
+#include <algorithm>
+#include <unordered_set>
+
+#include "core/Document.h"
+#include "core/Host.h"
+#include "core/ScanHooks.h"
+
+namespace zv {
+namespace {
+
+void CollectSubtree(CDirectoryData& dir, std::unordered_set<const CDirectoryData*>& setDeleted) {
+    setDeleted.insert(&dir);
+    for (CDirectoryData* pChild : dir.m_aChildren) CollectSubtree(*pChild, setDeleted);
+}
+
+void PruneDirectoriesWithoutFiles(CDirectoryData& dir,
+                                  std::unordered_set<const CDirectoryData*>& setDeleted) {
+    for (size_t i = dir.m_aChildren.GetSize(); i-- > 0;) {
+        CDirectoryData* pChild = dir.m_aChildren[i];
+        if (pChild->GetTotalFiles() == 0) {
+            CollectSubtree(*pChild, setDeleted);
+            dir.m_aChildren.DeleteAt(i);
+        }
+    }
+    for (CDirectoryData* pChild : dir.m_aChildren)
+        PruneDirectoriesWithoutFiles(*pChild, setDeleted);
+}
+
+}  // namespace
+
+bool BuildTreeData(CWZorvaneDoc& doc) {
+    CScanRegisters& scan = doc.m_scan;
+    const bool bFilterActive = doc.m_bFilterActive != 0;
+    bool bAnyItem = false;
+    if (!bFilterActive || !scan.m_aAllFiles.IsEmpty()) {
+        std::unordered_set<const CDirectoryData*> setDeleted;
+        for (CRootDirectoryData* pRoot : scan.m_aRoots) {
+            if (bFilterActive) {
+                pRoot->RecomputeTotals();
+                PruneDirectoriesWithoutFiles(*pRoot, setDeleted);
+            }
+            bAnyItem = true;
+        }
+        if (!setDeleted.empty()) {
+            auto& aDirs = scan.m_aAllDirs.Items();
+            aDirs.erase(std::remove_if(aDirs.begin(), aDirs.end(),
+                                       [&](CDirectoryData* p) { return setDeleted.count(p) != 0; }),
+                        aDirs.end());
+        }
+    }
+    if (bFilterActive) {
+        for (CRootDirectoryData* pRoot : scan.m_aRoots) pRoot->CompactArrays();
+        scan.m_aAllFiles.FreeExtra();
+        scan.m_aAllDirs.FreeExtra();
+    }
+    return bAnyItem;
+}
+
+void IScanSteps::BuildTree() {
+    Host().SetStatusText(u"");
+    if (m_pDocument && !BuildTreeData(*m_pDocument)) Host().ShowMessage(u"No files/folders found");
+}
+
+}  // namespace zv
