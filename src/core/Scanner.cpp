@@ -14,11 +14,12 @@
 namespace zv {
 namespace {
 
-// Below this many characters a directory is opened by its path and closed
-// before its subdirectories are walked. From here on it stays open and its
-// subdirectories are opened relative to it, so that trees deeper than the
-// operating system's path limit are walked all the same.
-constexpr size_t kHandleWalkLength = 1000;
+// A directory stays open while its subdirectories are walked, and they are
+// opened relative to it: cheaper than resolving every path from the root,
+// and it walks trees deeper than the operating system's path limit. Below
+// this level, open handles are spared and a short path opens from the root.
+constexpr int kHandleWalkLevels = 256;
+constexpr size_t kShortPath = 1000;
 
 std::u16string Number(size_t n) { return platform::U16(std::to_string(n)); }
 
@@ -193,8 +194,7 @@ void CScanner::ScanRootDirectory(int nLevel, size_t nRootIndex, CDirectoryData& 
 
     dir.m_aChildren.FreeExtra();
     dir.m_aFiles.FreeExtra();
-    // Deep directories stay open so their subdirectories open relative to them.
-    if (strPath.size() < kHandleWalkLength) reader.Close();
+    if (nLevel >= kHandleWalkLevels && strPath.size() < kShortPath) reader.Close();
     Host().SetFileCount(m_doc.m_scan.m_aAllFiles.GetSize());
     if (options.m_bShowCrc) dir.GetCrc();
     if (options.m_bLargestDirs) m_pSteps->OfferLargestDirectory(dir);

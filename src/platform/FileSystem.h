@@ -145,6 +145,10 @@ std::u16string GetFullPathName(std::u16string_view path);
 bool SetFileTimes(std::u16string_view path, FILETIME ftCreated, FILETIME ftAccessed,
                   FILETIME ftModified);
 
+// The thousands separator of the user's settings: the registry's
+// "sThousand" on Windows, ',' on POSIX.
+char16_t GetThousandsSeparator();
+
 // The textual drive rule of Windows paths, used by the Windows platform and
 // available everywhere: "X:" up to the colon, "\\server" for UNC paths.
 std::u16string DriveOfWindowsPath(std::u16string_view path);

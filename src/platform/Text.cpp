@@ -63,34 +63,41 @@ void AppendUtf8(std::string& out, uint32_t cp) {
 
 }  // namespace
 
-std::u16string Utf8ToUtf16(std::string_view utf8) {
-    std::u16string out;
-    out.reserve(utf8.size());
+void Utf8ToUtf16(std::string_view utf8, std::u16string& out) {
+    // UTF-16 never takes more code units than UTF-8 takes bytes.
+    out.resize(utf8.size());
+    char16_t* p = out.data();
     size_t i = 0;
     while (i < utf8.size()) {
         const unsigned char b = utf8[i];
         if (b < 0x80) {
-            out += char16_t(b);
+            *p++ = char16_t(b);
             ++i;
             continue;
         }
         const size_t nLength = ValidSequenceLength(utf8, i);
         if (nLength == 0) {
-            out += char16_t(kEscapeBase + b);
+            *p++ = char16_t(kEscapeBase + b);
             ++i;
             continue;
         }
         uint32_t cp = b & (0x7F >> nLength);
         for (size_t k = 1; k < nLength; ++k) cp = (cp << 6) | (utf8[i + k] & 0x3F);
         if (cp < 0x10000) {
-            out += char16_t(cp);
+            *p++ = char16_t(cp);
         } else {
             cp -= 0x10000;
-            out += char16_t(0xD800 + (cp >> 10));
-            out += char16_t(0xDC00 + (cp & 0x3FF));
+            *p++ = char16_t(0xD800 + (cp >> 10));
+            *p++ = char16_t(0xDC00 + (cp & 0x3FF));
         }
         i += nLength;
     }
+    out.resize(static_cast<size_t>(p - out.data()));
+}
+
+std::u16string Utf8ToUtf16(std::string_view utf8) {
+    std::u16string out;
+    Utf8ToUtf16(utf8, out);
     return out;
 }
 

@@ -11,6 +11,8 @@ namespace zv::platform {
 // Invalid UTF-8 bytes map to lone surrogates U+DC80 + byte, so that any
 // byte string round-trips through UTF-16 and back.
 std::u16string Utf8ToUtf16(std::string_view utf8);
+// The same into an existing string, reusing its storage.
+void Utf8ToUtf16(std::string_view utf8, std::u16string& out);
 std::string Utf16ToUtf8(std::u16string_view utf16);
 
 // Simple (one code unit to one code unit) upper-case mapping from the

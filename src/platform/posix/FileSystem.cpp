@@ -325,7 +325,7 @@ bool CDirectoryReader::Next(CDirEntry& entry) {
         } else {
             FillEntryFromType(pEntry->d_type, name, entry);
         }
-        entry.strName = Utf8ToUtf16(name);
+        Utf8ToUtf16(name, entry.strName);
         return true;
     }
 }

@@ -1,0 +1,71 @@
+#include "core/SizeText.h"
+
+#include <cmath>
+#include <cstdio>
+
+#include "core/Document.h"
+#include "platform/FileSystem.h"
+
+namespace zv {
+
+std::u16string GroupThousands(std::u16string_view strDigits) {
+    const char16_t chSeparator = platform::GetThousandsSeparator();
+    std::u16string strReversed;
+    size_t nEmitted = 0;
+    for (size_t i = strDigits.size(); i-- > 0;) {
+        strReversed += strDigits[i];
+        if (++nEmitted % 3 == 0 && i != 0) strReversed += chSeparator;
+    }
+    return std::u16string(strReversed.rbegin(), strReversed.rend());
+}
+
+std::u16string FormatNumber(double dValue) {
+    if (dValue >= 1e15 || dValue < 0) return {};
+    char szDigits[32];
+    std::snprintf(szDigits, sizeof szDigits, "%.0f", dValue);
+    const std::string strDigits(szDigits);
+    return GroupThousands(std::u16string(strDigits.begin(), strDigits.end()));
+}
+
+std::u16string FormatSize(double dValue, int nSizeUnit, std::u16string_view strUnitName,
+                          std::u16string_view strSuffix, bool bWithUnits) {
+    static const double kScale[] = {1.0, 0.0009765625, 9.5367431640625e-07, 9.313225746154785e-10};
+    if (nSizeUnit >= 1 && nSizeUnit <= 3) {
+        // Whole units, cut to 32 bits: 2^32 units or more wrap.
+        const double dUnits = std::floor(dValue * kScale[nSizeUnit]);
+        dValue = double(static_cast<uint32_t>(static_cast<uint64_t>(dUnits)));
+    }
+    std::u16string strText = FormatNumber(dValue);
+    strText += strSuffix;
+    if (bWithUnits) {
+        strText += u' ';
+        strText += strUnitName;
+    }
+    return strText;
+}
+
+std::u16string FormatSize(const CWZorvaneDoc& doc, double dValue, std::u16string_view strSuffix,
+                          bool bWithUnits) {
+    return FormatSize(dValue, doc.m_options.m_nSizeUnit, doc.m_options.m_strSizeUnit, strSuffix,
+                      bWithUnits);
+}
+
+std::u16string FreeSpaceText(const CWZorvaneDoc& doc) {
+    const auto& aRoots = doc.m_scan.m_aRoots;
+    if (aRoots.IsEmpty()) return {};
+    double dSum = 0;
+    bool bAny = false;
+    for (size_t i = aRoots.GetSize(); i-- > 0;) {
+        const CRootDirectoryData& root = *aRoots[i];
+        double dFree = 0, dTotal = 0;
+        if (root.m_bVolumeInfoValid &&
+            platform::GetDiskFreeSpace(root.GetFullPath(), dFree, dTotal)) {
+            dSum += dFree;
+            bAny = true;
+        }
+    }
+    if (!bAny) return u"Cannot get free space";
+    return FormatSize(doc, dSum, u"", true) + u" free";
+}
+
+}  // namespace zv
