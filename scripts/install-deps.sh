@@ -9,6 +9,8 @@ packages=(
   g++-mingw-w64-x86-64-posix wine wine64
   util-linux tzdata python3
   libcli11-dev nlohmann-json3-dev
+  libpugixml-dev dpkg-dev
+  clang libclang-rt-14-dev
 )
 
 missing=()

@@ -7,11 +7,49 @@
 #include "app/ScanSummary.h"
 #include "core/Document.h"
 #include "core/Scanner.h"
+#include "filters/ScanFilter.h"
 #include "platform/Console.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 
 namespace zv {
+
+namespace {
+
+void AddEntries(CFilterSet& filters, EFilterList eList, const std::vector<std::string>& aTexts) {
+    for (const std::string& strText : aTexts)
+        filters.AddEntry(eList, platform::Utf8ToUtf16(strText));
+}
+
+void SetDate(CDateFilter& date, const std::optional<FILETIME>& ftValue) {
+    if (!ftValue) return;
+    date.m_bAbsolute = 1;
+    date.m_ftAbsolute = *ftValue;
+}
+
+// The command's filter options fill the same lists the dialogs and the
+// settings file fill; patterns are kept upper-cased beside the text.
+void ApplyFilterOptions(const CScanCommandOptions& options, CFilterSet& filters) {
+    AddEntries(filters, FilterFileNames, options.m_aNames);
+    AddEntries(filters, FilterFileNamesExclude, options.m_aExcludeNames);
+    AddEntries(filters, FilterFullPathExclude, options.m_aExcludePaths);
+    AddEntries(filters, FilterDir, options.m_aDirs);
+    AddEntries(filters, FilterDirExclude, options.m_aExcludeDirs);
+    AddEntries(filters, FilterOwners, options.m_aOwners);
+    AddEntries(filters, FilterOwnersExclude, options.m_aExcludeOwners);
+    if (options.m_dMinSize) {
+        filters.m_bMinSize = 1;
+        filters.m_dMinSize = *options.m_dMinSize;
+    }
+    if (options.m_dMaxSize) {
+        filters.m_bMaxSize = 1;
+        filters.m_dMaxSize = *options.m_dMaxSize;
+    }
+    SetDate(filters.m_aDates[ModifiedAfter], options.m_ftModifiedAfter);
+    SetDate(filters.m_aDates[ModifiedBefore], options.m_ftModifiedBefore);
+}
+
+}  // namespace
 
 int RunScanCommand(const CScanCommandOptions& options) {
     platform::PrepareConsoleProcess();
@@ -36,14 +74,16 @@ int RunScanCommand(const CScanCommandOptions& options) {
     if (nStatus == 0) {
         doc.m_options.m_nMaxDepth = options.m_nMaxDepth;
         doc.m_options.m_bScanSubdirs = options.m_bNoSubdirs ? 0 : 1;
+        ApplyFilterOptions(options, doc.m_filters);
 
-        CScanner scanner(doc);
+        CScanFilter filter(doc);
+        CScanner scanner(doc, &filter);
         const auto start = std::chrono::steady_clock::now();
         scanner.Rescan();
         const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
         host.ClearLine();
 
-        const CScanSummary summary = SummarizeScan(doc, elapsed.count());
+        const CScanSummary summary = SummarizeScan(doc, elapsed.count(), options.m_bList);
         const std::string strOut =
             options.m_bJson ? FormatSummaryJson(summary) : FormatSummaryText(summary);
         std::fwrite(strOut.data(), 1, strOut.size(), stdout);

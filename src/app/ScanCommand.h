@@ -1,7 +1,10 @@
 #pragma once
 
+#include <optional>
 #include <string>
 #include <vector>
+
+#include "platform/FileTime.h"
 
 namespace zv {
 
@@ -10,6 +13,13 @@ struct CScanCommandOptions {
     int m_nMaxDepth = -1;
     bool m_bNoSubdirs = false;
     bool m_bJson = false;
+    bool m_bList = false;
+
+    // Filters, each list as given (UTF-8).
+    std::vector<std::string> m_aNames, m_aExcludeNames, m_aExcludePaths;
+    std::vector<std::string> m_aDirs, m_aExcludeDirs, m_aOwners, m_aExcludeOwners;
+    std::optional<double> m_dMinSize, m_dMaxSize;
+    std::optional<FILETIME> m_ftModifiedAfter, m_ftModifiedBefore;
 };
 
 // `zorvane-cli scan`: scans the roots and prints a summary, as text or as

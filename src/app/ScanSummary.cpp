@@ -19,7 +19,7 @@ std::string WholeNumber(double d) {
 
 }  // namespace
 
-CScanSummary SummarizeScan(const CWZorvaneDoc& doc, double dSeconds) {
+CScanSummary SummarizeScan(const CWZorvaneDoc& doc, double dSeconds, bool bListFiles) {
     CScanSummary summary;
     for (const CRootDirectoryData* pRoot : doc.m_scan.m_aRoots) {
         summary.m_aRoots.push_back(pRoot->GetFullPath());
@@ -31,6 +31,16 @@ CScanSummary SummarizeScan(const CWZorvaneDoc& doc, double dSeconds) {
     summary.m_aProtected = doc.m_scan.m_aProtectedDirs;
     summary.m_dSeconds = dSeconds;
     summary.m_bStopped = doc.m_bStopRequested != 0;
+    summary.m_bListed = bListFiles;
+    if (bListFiles) {
+        // In tree order: each directory's files, then its subdirectories.
+        std::vector<std::u16string> aNames;
+        std::vector<CDirectoryData*> aDirs;
+        std::vector<CFileData*> aFiles;
+        for (CRootDirectoryData* pRoot : doc.m_scan.m_aRoots)
+            pRoot->CollectFiles(nullptr, aDirs, aFiles);
+        for (const CFileData* pFile : aFiles) summary.m_aFiles.push_back(pFile->GetFullPath());
+    }
     return summary;
 }
 
@@ -50,6 +60,10 @@ std::string FormatSummaryText(const CScanSummary& summary) {
     strText += std::string("Elapsed: ") + szSeconds + " s\n";
     if (summary.m_bStopped)
         strText += "Stopped before the end: the figures cover what was scanned.\n";
+    if (summary.m_bListed) {
+        strText += "\n";
+        for (const std::u16string& strPath : summary.m_aFiles) strText += Utf8(strPath) + "\n";
+    }
     return strText;
 }
 
@@ -67,6 +81,11 @@ std::string FormatSummaryJson(const CScanSummary& summary) {
         json["protected"].push_back(Utf8(strPath));
     json["elapsed_seconds"] = summary.m_dSeconds;
     json["stopped"] = summary.m_bStopped;
+    if (summary.m_bListed) {
+        json["files_list"] = nlohmann::json::array();
+        for (const std::u16string& strPath : summary.m_aFiles)
+            json["files_list"].push_back(Utf8(strPath));
+    }
     // Names whose bytes are not UTF-8 cannot be JSON text; they show with
     // the replacement character.
     return json.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";

@@ -18,9 +18,11 @@ struct CScanSummary {
     std::vector<std::u16string> m_aProtected;
     double m_dSeconds = 0;
     bool m_bStopped = false;
+    bool m_bListed = false;
+    std::vector<std::u16string> m_aFiles;  // full paths, when listed
 };
 
-CScanSummary SummarizeScan(const CWZorvaneDoc& doc, double dSeconds);
+CScanSummary SummarizeScan(const CWZorvaneDoc& doc, double dSeconds, bool bListFiles);
 std::string FormatSummaryText(const CScanSummary& summary);
 std::string FormatSummaryJson(const CScanSummary& summary);
 

@@ -18,6 +18,11 @@ uint32_t KeyOf(const std::vector<uint8_t>& aBytes) {
 
 }  // namespace
 
+COwnerNameCache& OwnerNames() {
+    static COwnerNameCache s_cache;
+    return s_cache;
+}
+
 size_t COwnerNameCache::BucketOf(uint32_t uKey) {
     int64_t nHash = 16807 * int64_t(uKey % 127773) - 2836 * int64_t(uKey / 127773);
     if (nHash < 0) nHash += 0x7FFFFFFF;

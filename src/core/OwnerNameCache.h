@@ -42,4 +42,7 @@ private:
     CCache m_sids;
 };
 
+// The process-wide caches; user-interface thread only.
+COwnerNameCache& OwnerNames();
+
 }  // namespace zv

@@ -7,7 +7,6 @@
 #include <string>
 #include <vector>
 
-#include "core/OwnerNameCache.h"
 #include "core/ScanHooks.h"
 
 namespace zv {
@@ -32,10 +31,6 @@ public:
     // A root's own three times; all zero when nothing can be read.
     static bool GetDirectoryTimes(const std::u16string& strPath, FILETIME& ftCreated,
                                   FILETIME& ftAccessed, FILETIME& ftModified);
-    // The owner lookup with its caches, for filters and owner tables.
-    bool GetOwnerName(std::u16string_view path, std::u16string& strOwner) {
-        return m_owners.GetOwnerName(path, strOwner);
-    }
 
 private:
     void ClearPreviousScan();
@@ -54,7 +49,6 @@ private:
     IScanFilter* m_pFilter;
     IScanSteps m_defaultSteps;
     IScanSteps* m_pSteps;
-    COwnerNameCache m_owners;
 };
 
 }  // namespace zv

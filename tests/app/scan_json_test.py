@@ -29,6 +29,10 @@ def make_tree(root, posix):
     write("nested/b", 1)
     write("nested/deeper/c", 4096)
     write("nested/deeper/deepest/d", 70000)
+    write("nested/inner.txt", 50)
+    write("skip-me.txt", 50)
+    write("tiny.TXT", 2)
+    write("sub/data.Bin", 900)
     write("\u00dcn\u00efc\u00f6d\u00e9 \u65e5\u672c/e", 7)
     write(".hidden/f", 3)
     os.makedirs(os.path.join(root, "empty"))
@@ -73,6 +77,51 @@ def independent_walk(root):
     return dirs, files, size, protected
 
 
+def filtered_walk(root):
+    """The files a scan with FILTER_ARGS keeps, by the filter rules: names
+    matching *.TXT or *.BIN without regard to case, none named SKIP*, at
+    least 5 bytes, nothing under a directory called nested."""
+    kept = []
+    for path, dirs, files in os.walk(root):
+        dirs[:] = [d for d in dirs if d.upper() != "NESTED"]
+        for name in files:
+            full = os.path.join(path, name)
+            upper = name.upper()
+            if os.path.islink(full) or upper.startswith("SKIP"):
+                continue
+            if not (upper.endswith(".TXT") or upper.endswith(".BIN")):
+                continue
+            if os.path.getsize(full) < 5:
+                continue
+            kept.append(full)
+    return sorted(kept)
+
+
+FILTER_ARGS = ["--name", "*.txt", "--name", "*.BIN", "--exclude-name", "skip*",
+               "--min-size", "5", "--exclude-dir", "*NESTED", "--list"]
+
+
+def check_filtered(cli_command, root, wine):
+    result = subprocess.run(cli_command + FILTER_ARGS + ["--json", native_root(root, wine)],
+                            stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=300)
+    if result.returncode != 0:
+        print("filtered scan failed:", result.stderr.decode(errors="replace"))
+        return False
+    listed = json.loads(result.stdout)["files_list"]
+    if wine:
+        listed = [p[2:].replace("\\", "/") for p in listed]  # Z:\x\y -> /x/y
+    expected = filtered_walk(root)
+    if sorted(listed) != expected:
+        print("filtered scan kept\n ", sorted(listed), "\nexpected\n ", expected)
+        return False
+    print("filtered scan kept the %d files the rules admit" % len(expected))
+    return True
+
+
+def native_root(root, wine):
+    return "Z:" + root.replace("/", "\\") if wine else root
+
+
 def main(argv):
     wine = None
     if argv[1] == "--wine":
@@ -84,10 +133,8 @@ def main(argv):
         root = os.path.join(temp, "tree")
         os.makedirs(root)
         make_tree(root, posix=wine is None)
-        if wine:
-            command = ["sh", WINE_RUNNER, wine, cli, "scan", "--json", "Z:" + root.replace("/", "\\")]
-        else:
-            command = [cli, "scan", "--json", root]
+        cli_command = ["sh", WINE_RUNNER, wine, cli, "scan"] if wine else [cli, "scan"]
+        command = cli_command + ["--json", native_root(root, wine)]
         result = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=300)
         if result.returncode != 0:
             print("zorvane-cli failed:", result.returncode, result.stderr.decode(errors="replace"))
@@ -105,7 +152,7 @@ def main(argv):
             print("actual bytes below bytes:", got)
             return 1
         print("scan agrees with an independent walk:", actual)
-        return 0
+        return 0 if check_filtered(cli_command, root, wine) else 1
     finally:
         locked = os.path.join(temp, "tree", "locked")
         if os.path.isdir(locked):

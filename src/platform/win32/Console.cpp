@@ -1,13 +1,16 @@
 #include "platform/Console.h"
 
-#include <io.h>
-#include <shellapi.h>
-#include <windows.h>
-
-#include <atomic>
-
 #include "platform/Text.h"
 #include "platform/win32/WideString.h"
+
+// windows.h first: the other two need it.
+#include <windows.h>
+// clang-format off
+#include <io.h>
+#include <shellapi.h>
+// clang-format on
+
+#include <atomic>
 
 namespace zv::platform {
 namespace {
