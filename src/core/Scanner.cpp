@@ -157,8 +157,10 @@ void CScanner::ScanRootDirectory(int nLevel, size_t nRootIndex, CDirectoryData& 
         }
         return;
     }
+    // The attributes of the directory as it is now; a root has only these.
     CDirEntry self;
-    if (reader.GetSelf(self)) dir.m_uAttributes = self.uAttributes;
+    if ((nLevel == 1 || !platform::kListingReadsEachEntry) && reader.GetSelf(self))
+        dir.m_uAttributes = self.uAttributes;
     Host().SetStatusText(u"Scanning " + strPath);
 
     const CDocumentOptions& options = m_doc.m_options;
@@ -188,7 +190,8 @@ void CScanner::ScanRootDirectory(int nLevel, size_t nRootIndex, CDirectoryData& 
         if (bSkipFiles) continue;
         const double dSize = entry.Size();
         CFileCandidate candidate(entry, dir, strPath, dSize);
-        if (m_pFilter && !m_pFilter->AdmitsFile(candidate)) continue;
+        // With no filter active no test can fail, so none is run.
+        if (m_pFilter && m_doc.m_bFilterActive && !m_pFilter->AdmitsFile(candidate)) continue;
         AddFileRecord(dir, entry, dSize, dClusterSize, candidate);
     }
 

@@ -61,20 +61,21 @@ bool CScanFilter::SkipsFilesOf(const std::u16string& strPath) {
 
 bool CScanFilter::AdmitsFile(CFileCandidate& candidate) {
     const CDirEntry& entry = candidate.m_entry;
-    const std::u16string strUpperName = platform::ToUpperCopy(entry.strName);
-
     const auto& aNameExcludes = m_filters.List(FilterFileNamesExclude);
-    if (!aNameExcludes.empty() && AnyMatches(aNameExcludes, strUpperName, true)) return false;
-
     const auto& aPathExcludes = m_filters.List(FilterFullPathExclude);
+    const auto& aNames = m_filters.List(FilterFileNames);
+    // Upper-cased only when a name list needs it: most scans have none.
+    std::u16string strUpperName;
+    if (!aNameExcludes.empty() || !aNames.empty())
+        strUpperName = platform::ToUpperCopy(entry.strName);
+
+    if (!aNameExcludes.empty() && AnyMatches(aNameExcludes, strUpperName, true)) return false;
     if (!aPathExcludes.empty()) {
         const std::u16string strUpperPath =
             platform::ToUpperCopy(JoinPath(candidate.m_strDirectoryPath, entry.strName));
         for (size_t i = aPathExcludes.size(); i-- > 0;)
             if (aPathExcludes[i].m_strUpper == strUpperPath) return false;
     }
-
-    const auto& aNames = m_filters.List(FilterFileNames);
     if (!aNames.empty() && !AnyMatches(aNames, strUpperName, true)) return false;
 
     if (m_filters.m_bMaxSize && candidate.m_dSize > m_filters.m_dMaxSize) return false;

@@ -53,6 +53,16 @@ inline constexpr char16_t kPathSeparator = u'\\';
 inline constexpr char16_t kPathSeparator = u'/';
 #endif
 
+// Whether a listing entry was read from the object itself (POSIX stats each
+// entry) rather than from a directory index that may lag behind it
+// (Windows). Where it was, a directory's attributes need no second reading
+// when the directory is entered.
+#ifdef _WIN32
+inline constexpr bool kListingReadsEachEntry = false;
+#else
+inline constexpr bool kListingReadsEachEntry = true;
+#endif
+
 // Lists one directory. A child can be opened from an open parent by name,
 // which on POSIX works relative to the parent's handle, so trees deeper than
 // the OS path limit can still be walked.

@@ -67,14 +67,13 @@ void Utf8ToUtf16(std::string_view utf8, std::u16string& out) {
     // UTF-16 never takes more code units than UTF-8 takes bytes.
     out.resize(utf8.size());
     char16_t* p = out.data();
+    const size_t nSize = utf8.size();
     size_t i = 0;
-    while (i < utf8.size()) {
+    while (i < nSize) {
+        // Runs of ASCII, the common case in file names, copy straight.
+        while (i < nSize && static_cast<unsigned char>(utf8[i]) < 0x80) *p++ = char16_t(utf8[i++]);
+        if (i == nSize) break;
         const unsigned char b = utf8[i];
-        if (b < 0x80) {
-            *p++ = char16_t(b);
-            ++i;
-            continue;
-        }
         const size_t nLength = ValidSequenceLength(utf8, i);
         if (nLength == 0) {
             *p++ = char16_t(kEscapeBase + b);
@@ -143,6 +142,7 @@ int CompareOrdinal(std::u16string_view a, std::u16string_view b) {
 int CompareNoCase(std::u16string_view a, std::u16string_view b) {
     const size_t n = a.size() < b.size() ? a.size() : b.size();
     for (size_t i = 0; i < n; ++i) {
+        if (a[i] == b[i]) continue;
         const char16_t ua = ToUpper(a[i]), ub = ToUpper(b[i]);
         if (ua != ub) return ua < ub ? -1 : 1;
     }
