@@ -1,0 +1,42 @@
+#include "analyses/CrcServices.h"
+
+#include "analyses/Crc32OfFile.h"
+#include "core/FileData.h"
+
+namespace zv {
+
+uint32_t CCrcRecordServices::Crc32OfFile(const std::u16string& strPath, bool& bFailed,
+                                         double dSize) {
+    return zv::Crc32OfFile(strPath, bFailed, dSize);
+}
+
+uint32_t CCrcRecordServices::Crc32OfFileWithoutTags(const std::u16string& strPath, bool& bFailed) {
+    return zv::Crc32OfFileWithoutTags(strPath, bFailed);
+}
+
+void CCrcRecordServices::ComputeCrcs(const std::vector<CFileData*>& aFiles) {
+    m_pool.ComputeCrcs(aFiles);
+}
+
+namespace {
+
+CCrcThreadPool* InstalledPool() {
+    auto* pServices = dynamic_cast<CCrcRecordServices*>(&RecordServices());
+    return pServices ? &pServices->Pool() : nullptr;
+}
+
+}  // namespace
+
+void ComputeCrcs(const std::vector<CFileData*>& aFiles) { RecordServices().ComputeCrcs(aFiles); }
+
+void ComputeMp3Crcs(const std::vector<CFileData*>& aFiles) {
+    if (CCrcThreadPool* pPool = InstalledPool()) return pPool->ComputeMp3Crcs(aFiles);
+    for (CFileData* pFile : aFiles) pFile->GetMp3Crc();
+}
+
+void ComputeQuickCrcs(const std::vector<CFileData*>& aFiles) {
+    if (CCrcThreadPool* pPool = InstalledPool()) return pPool->ComputeQuickCrcs(aFiles);
+    for (CFileData* pFile : aFiles) pFile->GetQuickCrc();
+}
+
+}  // namespace zv
