@@ -1,5 +1,6 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the build and the tests need, if any is
+# Installs the Debian packages the build and the tests need, and any further
+# packages named as arguments (the benchmarks name theirs), if any is
 # missing. Needs root (or sudo) only when something is to be installed.
 set -euo pipefail
 
@@ -11,6 +12,7 @@ packages=(
   libcli11-dev nlohmann-json3-dev
   libpugixml-dev dpkg-dev
   clang libclang-rt-14-dev
+  "$@"
 )
 
 missing=()

@@ -5,6 +5,7 @@
 #include <string>
 
 #include "analyses/CrcListFormats.h"
+#include "core/TextFile.h"
 #include "platform/Text.h"
 
 namespace zv {
@@ -12,24 +13,6 @@ namespace {
 
 constexpr size_t kHeaderChars = 270;
 constexpr size_t kLineChars = 259;
-
-std::u16string DecodeText(std::string_view bytes) {
-    std::u16string strText;
-    if (bytes.size() >= 2 && bytes[0] == '\xFF' && bytes[1] == '\xFE') {
-        strText.reserve(bytes.size() / 2);
-        for (size_t i = 2; i + 1 < bytes.size(); i += 2)
-            strText.push_back(char16_t(uint8_t(bytes[i]) | uint8_t(bytes[i + 1]) << 8));
-    } else {
-        if (bytes.starts_with("\xEF\xBB\xBF")) bytes.remove_prefix(3);
-        strText = platform::Utf8ToUtf16(bytes);
-    }
-    std::u16string strOut;
-    strOut.reserve(strText.size());
-    for (size_t i = 0; i < strText.size(); ++i)
-        if (!(strText[i] == u'\r' && i + 1 < strText.size() && strText[i + 1] == u'\n'))
-            strOut.push_back(strText[i]);
-    return strOut;
-}
 
 class CLineReader {
 public:
@@ -58,7 +41,7 @@ private:
 
 void ReadCrcListText(std::string_view bytes, std::vector<CCrcListEntry>& aEntries) {
     aEntries.clear();
-    const std::u16string strText = DecodeText(bytes);
+    const std::u16string strText = DecodeTextFile(bytes);
     CLineReader reader(strText);
     std::u16string_view header, line;
     while (reader.Read(kHeaderChars, header)) {

@@ -110,6 +110,7 @@ void CConsoleHost::ShowErrorList(std::u16string_view strTitle, const CErrorList&
 
 void CConsoleHost::DrawLine(std::u16string_view strText, bool bForce) {
     if (!m_bTerminal) return;
+    std::lock_guard<std::mutex> lock(m_mutex);
     const auto now = std::chrono::steady_clock::now();
     if (!bForce && m_bLineShown && now - m_lastDraw < kRedrawInterval) return;
     m_lastDraw = now;
@@ -123,6 +124,7 @@ void CConsoleHost::DrawLine(std::u16string_view strText, bool bForce) {
 }
 
 void CConsoleHost::ClearLine() {
+    std::lock_guard<std::mutex> lock(m_mutex);
     if (!m_bLineShown) return;
     const size_t nWidth = static_cast<size_t>(platform::TerminalWidth()) - 1;
     WriteErr(u"\r" + std::u16string(nWidth, u' ') + u"\r");

@@ -4,6 +4,7 @@
 #pragma once
 
 #include <chrono>
+#include <mutex>
 #include <string>
 
 #include "core/Host.h"
@@ -29,6 +30,8 @@ public:
     void ClearLine();
 
 private:
+    // Checksum workers set status texts too.
+    std::mutex m_mutex;
     bool m_bTerminal;
     bool m_bLineShown = false;
     std::chrono::steady_clock::time_point m_lastDraw;

@@ -6,8 +6,7 @@
 
 namespace zv {
 
-int RunCrcCommand(const std::vector<std::u16string>& aPaths, bool bHex, bool bNoTags,
-                  bool bQuick) {
+int RunCrcCommand(const std::vector<std::u16string>& aPaths, bool bHex, bool bNoTags, bool bQuick) {
     CCrcListingOptions options;
     options.bHex = bHex;
     options.bNoTags = bNoTags;

@@ -4,7 +4,10 @@
 #include <cstdio>
 
 #include "app/ConsoleHost.h"
+#include "app/ProgramScanSteps.h"
+#include "app/ProgramServices.h"
 #include "app/ScanSummary.h"
+#include "app/SettingsCommand.h"
 #include "core/Document.h"
 #include "core/Scanner.h"
 #include "filters/ScanFilter.h"
@@ -54,12 +57,15 @@ void ApplyFilterOptions(const CScanCommandOptions& options, CFilterSet& filters)
 int RunScanCommand(const CScanCommandOptions& options) {
     platform::PrepareConsoleProcess();
     CConsoleHost host;
+    CProgramServices services;
     SetHost(&host);
     CWZorvaneDoc doc;
     SetMainDocument(&doc);
 
-    int nStatus = 0;
+    const bool bSettingsRead = OpenDocumentWithSettings(doc, options.m_strSettingsFile);
+    int nStatus = bSettingsRead ? 0 : 2;
     for (const std::string& strRoot : options.m_aRoots) {
+        if (!bSettingsRead) break;
         const std::u16string strPath = platform::Utf8ToUtf16(strRoot);
         const uint32_t uAttributes = platform::GetFileAttributes(strPath);
         if (uAttributes == ATTR_INVALID || !(uAttributes & ATTR_DIRECTORY)) {
@@ -71,13 +77,21 @@ int RunScanCommand(const CScanCommandOptions& options) {
         pRoot->Prepare(doc.m_scan.m_aDrives);
         doc.m_scan.m_aRoots.Add(pRoot);
     }
+    if (nStatus == 0 && doc.m_scan.m_aRoots.IsEmpty()) {
+        std::fprintf(stderr,
+                     "zorvane-cli: nothing to scan: give a ROOT, or a settings file with "
+                     "[SCAN DIRECTORIES]\n");
+        nStatus = 2;
+    }
     if (nStatus == 0) {
-        doc.m_options.m_nMaxDepth = options.m_nMaxDepth;
-        doc.m_options.m_bScanSubdirs = options.m_bNoSubdirs ? 0 : 1;
+        // Options given on the command line win over the settings file.
+        if (options.m_nMaxDepth) doc.m_options.m_nMaxDepth = *options.m_nMaxDepth;
+        if (options.m_bNoSubdirs) doc.m_options.m_bScanSubdirs = 0;
         ApplyFilterOptions(options, doc.m_filters);
 
         CScanFilter filter(doc);
-        CScanner scanner(doc, &filter);
+        CProgramScanSteps steps;
+        CScanner scanner(doc, &filter, &steps);
         const auto start = std::chrono::steady_clock::now();
         scanner.Rescan();
         const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;

@@ -9,8 +9,9 @@
 namespace zv {
 
 struct CScanCommandOptions {
-    std::vector<std::string> m_aRoots;  // UTF-8, as given
-    int m_nMaxDepth = -1;
+    std::string m_strSettingsFile;      // UTF-8; loaded first when given
+    std::vector<std::string> m_aRoots;  // UTF-8, as given; added to the settings file's
+    std::optional<int> m_nMaxDepth;     // the settings file's, or -1, when not given
     bool m_bNoSubdirs = false;
     bool m_bJson = false;
     bool m_bList = false;
@@ -22,8 +23,11 @@ struct CScanCommandOptions {
     std::optional<FILETIME> m_ftModifiedAfter, m_ftModifiedBefore;
 };
 
-// `zorvane-cli scan`: scans the roots and prints a summary, as text or as
-// one JSON object. Returns the process exit status.
+// `zorvane-cli scan`, and `zorvane-cli SETTINGS_FILE`: loads the settings
+// file if one is given, adds the roots and filters of the options, scans
+// and prints a summary, as text or as one JSON object. Returns the process
+// exit status: 2 for a settings file that cannot be read, a root that is not
+// a directory, or nothing to scan.
 int RunScanCommand(const CScanCommandOptions& options);
 
 }  // namespace zv

@@ -3,9 +3,13 @@
 #include <cstdio>
 
 #include "Version.h"
+#include "app/CrcCommand.h"
 #include "app/DateArgument.h"
+#include "app/ProgramServices.h"
 #include "app/ScanCommand.h"
+#include "app/SettingsCommand.h"
 #include "platform/Console.h"
+#include "platform/Text.h"
 
 namespace {
 
@@ -85,12 +89,27 @@ void AddFilterOptions(CLI::App& command, zv::CScanCommandOptions& scan) {
 int main(int argc, char** argv) {
     CLI::App app{"Zorvane scans directory trees and reports on what it finds.", "zorvane-cli"};
     app.set_version_flag("--version", std::string("zorvane-cli ") + ZORVANE_VERSION);
-    app.require_subcommand(1);
+    // Either one settings file, the program's own one-argument form, or a command.
+    app.require_subcommand(0, 1);
+    std::string strSettingsFile;
+    app.add_option("SETTINGS_FILE", strSettingsFile,
+                   "Load this settings file, scan its directories with its filters and print a "
+                   "summary (as 'scan --settings SETTINGS_FILE' does)");
+    app.footer(
+        "A settings file named like a command is given as ./NAME or after --.\n"
+        "Settings files are UTF-16 with a byte order mark, as 'settings save' writes them, or "
+        "UTF-8.");
 
     zv::CScanCommandOptions scan;
     CLI::App* pScan =
         app.add_subcommand("scan", "Scan directory trees and print a summary of what they hold.");
-    pScan->add_option("ROOT", scan.m_aRoots, "Directory to scan (one or more)")->required();
+    pScan->add_option("ROOT", scan.m_aRoots,
+                      "Directory to scan (one or more; added to those of --settings)");
+    pScan
+        ->add_option("--settings", scan.m_strSettingsFile,
+                     "Load this settings file first: its directories, filters and options; "
+                     "the other options then add to them or override them")
+        ->type_name("FILE");
     pScan
         ->add_option("--max-depth", scan.m_nMaxDepth,
                      "Levels to read, roots being level 1; deeper directories are listed by "
@@ -102,6 +121,27 @@ int main(int argc, char** argv) {
                     "After the summary, print the full path of every file kept, one per line "
                     "(in JSON: the array files_list)");
     AddFilterOptions(*pScan, scan);
+
+    CLI::App* pSettings = app.add_subcommand("settings", "Work with settings files.");
+    pSettings->require_subcommand(1);
+    std::string strSaveOut, strSaveIn;
+    CLI::App* pSave = pSettings->add_subcommand(
+        "save",
+        "Write the settings file of the default settings, or of --settings FILE as loaded.");
+    pSave->add_option("OUT", strSaveOut, "The settings file to write")->required();
+    pSave->add_option("--settings", strSaveIn, "Load this settings file first")->type_name("FILE");
+
+    std::vector<std::string> aCrcPaths;
+    bool bCrcHex = false, bCrcNoTags = false, bCrcQuick = false;
+    CLI::App* pCrc = app.add_subcommand(
+        "crc",
+        "Print the CRC-32 of each file, directories recursively in name order: the checksum as "
+        "reports write it, two spaces, the full path; UNKNOWN for a file that cannot be read.");
+    pCrc->add_option("PATH", aCrcPaths, "File or directory (one or more)")->required();
+    pCrc->add_flag("--hex", bCrcHex, "Hexadecimal instead of decimal");
+    pCrc->add_flag("--no-tags", bCrcNoTags, "Leave MP3 tags (ID3v1, ID3v2) out of .mp3 files");
+    pCrc->add_flag("--quick", bCrcQuick,
+                   "The checksum of one 4096-byte sample block from the middle of each file");
 
     // Arguments as UTF-8 on every platform, so names beyond ASCII survive.
     const std::vector<std::string> aArgs = zv::platform::GetUtf8Arguments(argc, argv);
@@ -118,6 +158,27 @@ int main(int argc, char** argv) {
         return kUsageError;
     }
 
+    const bool bCommand = pScan->parsed() || pSettings->parsed() || pCrc->parsed();
+    if (!strSettingsFile.empty() && bCommand) {
+        std::fprintf(stderr, "zorvane-cli: give either a settings file or a command\n\n%s",
+                     app.help().c_str());
+        return kUsageError;
+    }
+    if (!strSettingsFile.empty()) {
+        scan.m_strSettingsFile = strSettingsFile;
+        return zv::RunScanCommand(scan);
+    }
     if (pScan->parsed()) return zv::RunScanCommand(scan);
+    if (pSave->parsed()) return zv::RunSettingsSaveCommand(strSaveOut, strSaveIn);
+    if (pCrc->parsed()) {
+        zv::platform::PrepareConsoleProcess();
+        zv::CProgramServices services;
+        std::vector<std::u16string> aPaths;
+        for (const std::string& strPath : aCrcPaths)
+            aPaths.push_back(zv::platform::Utf8ToUtf16(strPath));
+        return zv::RunCrcCommand(aPaths, bCrcHex, bCrcNoTags, bCrcQuick);
+    }
+    std::fprintf(stderr, "zorvane-cli: give a settings file or a command\n\n%s",
+                 app.help().c_str());
     return kUsageError;
 }

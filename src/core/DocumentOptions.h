@@ -7,12 +7,14 @@
 
 namespace zv {
 
+// "[DIFF PROGRAM]": the built-in diff program, or the user's own with its
+// options, and the options put before each of the two files.
 struct CDiffProgramSettings {
     int32_t m_bUseDefaultDiff = 1;
     std::u16string m_strDiffProgram;
-    std::u16string m_strDiffArguments;
-    std::u16string m_strDiffProgramIgnoreBlanks;
-    std::u16string m_strDiffArgumentsIgnoreBlanks;
+    std::u16string m_strDiffOptions;
+    std::u16string m_strDiffFile1Options;
+    std::u16string m_strDiffFile2Options;
 };
 
 // Criteria of the duplicate file search.
@@ -28,9 +30,20 @@ struct CDuplicateFileCriteria {
     }
 };
 
-// Criteria of the duplicate directory search.
+// Criteria of the duplicate directory search, indexes into m_aCriteria.
+enum EDuplicateDirCriterion {
+    DupDirByName,
+    DupDirBySize,
+    DupDirBySizeWithSubdirs,
+    DupDirByCrc,
+    DupDirByCrcWithSubdirs,
+    DupDirByTotalFiles,
+    DupDirByTotalFilesWithSubdirs,
+    DupDirCriterionCount
+};
+
 struct CDuplicateDirCriteria {
-    int32_t m_aCriteria[7] = {0, 0, 0, 0, 0, 0, 0};
+    int32_t m_aCriteria[DupDirCriterionCount] = {0, 0, 0, 0, 0, 0, 0};
 
     bool Any() const {
         for (int32_t b : m_aCriteria)

@@ -110,7 +110,7 @@ uint32_t CFileData::GetQuickCrc() {
         return 0;
     }
     platform::CFileReader reader;
-    if (!reader.Open(GetFullPath())) {
+    if (!reader.Open(GetFullPath(), false)) {  // one block: no sequential hint
         m_uFlags |= FILE_PARTIAL_CRC_FAILED;
         return 0;
     }

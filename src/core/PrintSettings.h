@@ -5,6 +5,9 @@
 #include <array>
 #include <cstdint>
 #include <string>
+#include <vector>
+
+#include "core/MetadataPrintFields.h"
 
 namespace zv {
 
@@ -96,14 +99,18 @@ struct CPrintSettings {
     int32_t m_bPrintHyperlinks = 0;
     std::u16string m_strPrintTitle;
 
-    // Column widths as fractions of the page.
+    // One flag per metadata field, in the order of MetadataPrintFields();
+    // all on by default.
+    std::array<std::vector<uint8_t>, MetadataGroupCount> m_aMetadataFlags;
+
+    // Column widths of printed pages as fractions of the printable width.
     double m_dWidthName = 0.4;
     double m_dWidthSize = 0.09;
-    double m_dWidthSizeSubdirs = 0.09;
     double m_dWidthDate = 0.09;
     double m_dWidthCrc = 0.09;
-    double m_dWidthExtra1 = 0.045;
-    double m_dWidthExtra2 = 0.045;
+    double m_dWidthOwner = 0.09;
+    double m_dWidthLinkCount = 0.045;
+    double m_dWidthAttributes = 0.045;
     // Largest owner and largest type reports.
     double m_aOwnerWidths[3] = {0.5, 0.25, 0.25};
     double m_aTypeWidths[3] = {0.5, 0.25, 0.25};
@@ -114,6 +121,8 @@ struct CPrintSettings {
     int32_t m_nMarginRight = 0;
     int32_t m_nMarginBottom = 0;
 
+    // The print font; "[FONTS]" of a settings file. A font counts as chosen
+    // while the use-default flag is clear.
     CFontSettings m_printFont;
     int32_t m_nPrintFontSize = 0;
     int32_t m_bPrintFontDefault = 1;
@@ -124,6 +133,8 @@ struct CPrintSettings {
     CAutoPrintSettings m_autoPrint;
 
     bool Flag(EPrintFlag eFlag) const { return m_aFlags[eFlag] != 0; }
+    // False for a field id the group does not have.
+    bool MetadataFlag(EMetadataGroup eGroup, int32_t nFieldId) const;
 };
 
 }  // namespace zv

@@ -96,8 +96,8 @@ private:
     int m_nLastError = ERR_NONE;
 };
 
-// Reads a file from start to end; opened for reading, sharing reads, with
-// the sequential-scan hint.
+// Reads a file; opened for reading, sharing reads, and with the
+// sequential-scan hint unless the caller reads only a block of it.
 class CFileReader {
 public:
     CFileReader();
@@ -105,7 +105,7 @@ public:
     CFileReader(const CFileReader&) = delete;
     CFileReader& operator=(const CFileReader&) = delete;
 
-    bool Open(std::u16string_view path);
+    bool Open(std::u16string_view path, bool bSequential = true);
     // Bytes read, 0 at the end, -1 on a read error.
     int64_t Read(void* pBuffer, size_t uSize);
     bool Seek(uint64_t uOffset);

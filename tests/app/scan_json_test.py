@@ -15,6 +15,7 @@ import tempfile
 
 HERE = os.path.dirname(os.path.abspath(__file__))
 WINE_RUNNER = os.path.join(HERE, "..", "..", "cmake", "run-under-wine.sh")
+ENV = dict(os.environ)
 
 
 def make_tree(root, posix):
@@ -103,7 +104,7 @@ FILTER_ARGS = ["--name", "*.txt", "--name", "*.BIN", "--exclude-name", "skip*",
 
 def check_filtered(cli_command, root, wine):
     result = subprocess.run(cli_command + FILTER_ARGS + ["--json", native_root(root, wine)],
-                            stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=300)
+                            stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=300, env=ENV)
     if result.returncode != 0:
         print("filtered scan failed:", result.stderr.decode(errors="replace"))
         return False
@@ -129,13 +130,16 @@ def main(argv):
     else:
         cli = argv[1]
     temp = tempfile.mkdtemp(prefix="zorvane-scan-")
+    # Scans save their remembered lists: keep them away from the user's.
+    ENV["ZORVANE_CONFIG_DIR"] = os.path.join(temp, "config")
     try:
         root = os.path.join(temp, "tree")
         os.makedirs(root)
         make_tree(root, posix=wine is None)
         cli_command = ["sh", WINE_RUNNER, wine, cli, "scan"] if wine else [cli, "scan"]
         command = cli_command + ["--json", native_root(root, wine)]
-        result = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=300)
+        result = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=300,
+                                env=ENV)
         if result.returncode != 0:
             print("zorvane-cli failed:", result.returncode, result.stderr.decode(errors="replace"))
             return 1

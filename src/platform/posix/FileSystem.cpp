@@ -354,7 +354,7 @@ CFileReader::CFileReader() : m_pImpl(std::make_unique<Impl>()) {}
 
 CFileReader::~CFileReader() { Close(); }
 
-bool CFileReader::Open(std::u16string_view path) {
+bool CFileReader::Open(std::u16string_view path, bool bSequential) {
     Close();
     const int nFd = OpenForReading(Utf16ToUtf8(path));
     if (nFd < 0) return false;
@@ -366,7 +366,7 @@ bool CFileReader::Open(std::u16string_view path) {
     }
     const int nFlags = fcntl(nFd, F_GETFL);
     if (nFlags != -1) fcntl(nFd, F_SETFL, nFlags & ~O_NONBLOCK);
-    posix_fadvise(nFd, 0, 0, POSIX_FADV_SEQUENTIAL);
+    if (bSequential) posix_fadvise(nFd, 0, 0, POSIX_FADV_SEQUENTIAL);
     m_pImpl->nFd = nFd;
     return true;
 }

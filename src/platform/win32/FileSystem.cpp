@@ -246,11 +246,11 @@ CFileReader::CFileReader() : m_pImpl(std::make_unique<Impl>()) {}
 
 CFileReader::~CFileReader() { Close(); }
 
-bool CFileReader::Open(std::u16string_view path) {
+bool CFileReader::Open(std::u16string_view path, bool bSequential) {
     Close();
     const std::wstring strPath = ToApiPath(path);
     m_pImpl->hFile = ::CreateFileW(strPath.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                   OPEN_EXISTING, FILE_FLAG_SEQUENTIAL_SCAN, nullptr);
+                                   OPEN_EXISTING, bSequential ? FILE_FLAG_SEQUENTIAL_SCAN : 0, nullptr);
     return IsOpen();
 }
 

@@ -1,0 +1,28 @@
+#include "app/ProgramScanSteps.h"
+
+#include <cstdio>
+#include <cstdlib>
+
+#include "analyses/CrcList.h"
+#include "core/Document.h"
+#include "core/RememberedLists.h"
+
+namespace zv {
+
+void CProgramScanSteps::SaveRemembered() { SaveRememberedLists(*m_pDocument); }
+
+void CProgramScanSteps::ApplyCrcList() {
+    CWZorvaneDoc& doc = *m_pDocument;
+    if (doc.m_options.m_strCrcFromFile.empty()) return;
+    // A list named by a settings file is read at its first use.
+    if (doc.m_aCrcFromFile.empty()) LoadCrcList(doc);
+    zv::ApplyCrcList(doc);
+}
+
+void CProgramScanSteps::ExitAfterPrinting() {
+    std::fflush(stdout);
+    std::fflush(stderr);
+    std::exit(0);
+}
+
+}  // namespace zv

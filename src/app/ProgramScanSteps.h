@@ -1,0 +1,18 @@
+// The steps around a scan as the command line runs them: the remembered
+// lists are saved, a checksum list is applied, and "Exit program after
+// printing" ends the process. Reports, duplicate searches and the tree
+// control join as those subsystems arrive.
+#pragma once
+
+#include "core/ScanHooks.h"
+
+namespace zv {
+
+class CProgramScanSteps : public IScanSteps {
+public:
+    void SaveRemembered() override;
+    void ApplyCrcList() override;
+    void ExitAfterPrinting() override;
+};
+
+}  // namespace zv

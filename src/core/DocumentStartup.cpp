@@ -1,0 +1,16 @@
+#include "core/DocumentStartup.h"
+
+#include "core/Document.h"
+#include "core/SettingsFile.h"
+
+namespace zv {
+
+void OpenMainDocument(CWZorvaneDoc& doc, std::u16string_view strSettingsFile) {
+    if (!strSettingsFile.empty()) doc.m_bSettingsLoaded = LoadSettings(doc, strSettingsFile, false);
+    if (doc.m_filters.List(FilterOfficeExtensions).empty())
+        for (const char16_t* pszExtension :
+             {u"*.doc", u"*.docx", u"*.xls", u"*.xlsx", u"*.ppt", u"*.pptx"})
+            doc.m_filters.AddEntry(FilterOfficeExtensions, pszExtension, false);
+}
+
+}  // namespace zv

@@ -1,0 +1,24 @@
+#include "platform/FileContents.h"
+
+#include <errno.h>
+#include <fcntl.h>
+#include <unistd.h>
+
+#include "platform/Text.h"
+
+namespace zv::platform {
+
+bool WriteFileContents(std::u16string_view path, std::string_view bytes) {
+    const int nFd = open(Utf16ToUtf8(path).c_str(), O_WRONLY | O_CREAT | O_TRUNC | O_CLOEXEC, 0666);
+    if (nFd < 0) return false;
+    bool bOk = true;
+    while (bOk && !bytes.empty()) {
+        const ssize_t nWritten = write(nFd, bytes.data(), bytes.size());
+        if (nWritten < 0 && errno == EINTR) continue;
+        bOk = nWritten > 0;
+        if (bOk) bytes.remove_prefix(static_cast<size_t>(nWritten));
+    }
+    return close(nFd) == 0 && bOk;
+}
+
+}  // namespace zv::platform
