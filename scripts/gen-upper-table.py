@@ -53,6 +53,7 @@ def main():
     out.write("//   python3 scripts/gen-upper-table.py > src/platform/UpperCaseTable.inc\n")
     out.write("// Upper case of code unit c: c + kUpperPages[kUpperPageIndex[c >> 8]][c & 0xFF]\n")
     out.write("// (modulo 2^16).\n\n")
+    out.write("// clang-format off\n")
     out.write("static const uint8_t kUpperPageIndex[256] = {\n")
     for i in range(0, 256, 16):
         out.write("    " + ", ".join(str(n) for n in index[i:i + 16]) + ",\n")
@@ -64,6 +65,7 @@ def main():
             out.write("        " + ", ".join(f"0x{d:04X}" for d in page[i:i + 12]) + ",\n")
         out.write("    },\n")
     out.write("};\n")
+    out.write("// clang-format on\n")
 
 
 if __name__ == "__main__":

@@ -249,8 +249,9 @@ CFileReader::~CFileReader() { Close(); }
 bool CFileReader::Open(std::u16string_view path, bool bSequential) {
     Close();
     const std::wstring strPath = ToApiPath(path);
-    m_pImpl->hFile = ::CreateFileW(strPath.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr,
-                                   OPEN_EXISTING, bSequential ? FILE_FLAG_SEQUENTIAL_SCAN : 0, nullptr);
+    m_pImpl->hFile =
+        ::CreateFileW(strPath.c_str(), GENERIC_READ, FILE_SHARE_READ, nullptr, OPEN_EXISTING,
+                      bSequential ? FILE_FLAG_SEQUENTIAL_SCAN : 0, nullptr);
     return IsOpen();
 }
 
