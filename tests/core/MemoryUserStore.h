@@ -2,9 +2,9 @@
 // OpenAppKey opens while it is installed reads and writes the same values.
 #pragma once
 
-#include <map>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "core/AppKey.h"
 #include "platform/UserStoreText.h"
@@ -21,30 +21,25 @@ public:
         });
     }
     ~CMemoryUserStore() { SetAppKeyOpener(nullptr); }
-    CMemoryUserStore(const CMemoryUserStore&) = delete;
-    CMemoryUserStore& operator=(const CMemoryUserStore&) = delete;
+
+    bool Has(std::u16string_view strName) const {
+        return m_aValues.contains(std::u16string(strName));
+    }
+    std::u16string Value(std::u16string_view strName) const {
+        return Has(strName) ? m_aValues.at(std::u16string(strName)) : u"<absent>";
+    }
 
     platform::CUserStoreValues m_aValues;
-    // Value names in the order of their first write.
-    std::vector<std::u16string> m_aWriteOrder;
+    std::vector<std::u16string> m_aWriteOrder;  // value names in the order written
     bool m_bFailOpen = false;
     int m_nOpens = 0;
 
-    bool Has(const std::u16string& strName) const { return m_aValues.count(strName) != 0; }
-    std::u16string Value(const std::u16string& strName) const {
-        const auto it = m_aValues.find(strName);
-        return it == m_aValues.end() ? u"<absent>" : it->second;
-    }
-
 private:
-    class CSession : public platform::IUserStore {
-    public:
+    struct CSession : platform::IUserStore {
         explicit CSession(CMemoryUserStore& owner) : m_owner(owner) {}
         bool ReadValue(std::u16string_view strName, std::u16string& strValue) override {
-            const auto it = m_owner.m_aValues.find(std::u16string(strName));
-            if (it == m_owner.m_aValues.end()) return false;
-            strValue = it->second;
-            return true;
+            if (m_owner.Has(strName)) strValue = m_owner.Value(strName);
+            return m_owner.Has(strName);
         }
         bool WriteValue(std::u16string_view strName, std::u16string_view strValue) override {
             m_owner.m_aWriteOrder.emplace_back(strName);
@@ -55,8 +50,6 @@ private:
             return m_owner.m_aValues.erase(std::u16string(strName)) != 0;
         }
         bool Flush() override { return true; }
-
-    private:
         CMemoryUserStore& m_owner;
     };
 };

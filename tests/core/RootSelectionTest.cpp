@@ -16,22 +16,22 @@
 namespace zv {
 namespace {
 
-namespace fs = std::filesystem;
 using Strings = std::vector<std::u16string>;
 
 class RootSelectionTest : public ::testing::Test {
 protected:
     std::u16string Dir(const std::string& strName) {
-        fs::create_directories(m_temp.Path() / strName);
+        std::filesystem::create_directories(m_temp.Path() / strName);
         return (m_temp.Path() / strName).u16string();
     }
 
-    Strings Shown(const CRootSelection& selection) const {
+    static Strings Paths(const auto& aRoots) {
         Strings aPaths;
-        for (const CRootDirectoryData* pRoot : selection.ShownRoots())
-            aPaths.push_back(pRoot->m_strName.Str());
+        for (const CRootDirectoryData* pRoot : aRoots) aPaths.push_back(pRoot->m_strName.Str());
         return aPaths;
     }
+    Strings Shown(const CRootSelection& selection) const { return Paths(selection.ShownRoots()); }
+    Strings Roots() const { return Paths(m_doc.m_scan.m_aRoots); }
 
     // A root as a finished dialog leaves it: prepared.
     CRootDirectoryData* AddPrepared(const std::u16string& strPath) {
@@ -48,15 +48,19 @@ protected:
     CWZorvaneDoc m_doc;
 };
 
-TEST_F(RootSelectionTest, ADirectoryIsChosenOnceWithoutRegardToCase) {
+TEST_F(RootSelectionTest, AddingTrimsAndRefusesADirectoryChosenInAnyCase) {
     const std::u16string strA = Dir("Alpha");
     CRootSelection selection(m_doc);
     EXPECT_TRUE(selection.AddBrowsed(strA + platform::kPathSeparator));  // trailing separator goes
     EXPECT_FALSE(selection.AddBrowsed(platform::ToUpperCopy(strA)));
     EXPECT_FALSE(selection.AddTyped(u"  " + strA + u"\t"));
     EXPECT_FALSE(selection.AddTyped(u"   "));
-    EXPECT_EQ(Shown(selection), Strings{strA});
     EXPECT_EQ(m_host.m_aMessages, (Strings{kChosen, kChosen}));
+    // File-system and drive roots keep their separator.
+    EXPECT_TRUE(selection.AddBrowsed(u"/"));
+    EXPECT_TRUE(selection.AddTyped(u"C:\\"));
+    EXPECT_TRUE(selection.AddTyped(u"C:\\Work\\ "));
+    EXPECT_EQ(Shown(selection), (Strings{strA, u"/", u"C:\\", u"C:\\Work"}));
     const CRootDirectoryData& root = *m_doc.m_scan.m_aRoots[0];
     EXPECT_EQ(root.m_bNewRoot, 1);
     EXPECT_TRUE(root.m_uAttributes & ATTR_DIRECTORY);
@@ -64,37 +68,33 @@ TEST_F(RootSelectionTest, ADirectoryIsChosenOnceWithoutRegardToCase) {
     EXPECT_TRUE(m_doc.m_scan.m_aDrives.GetEntries().empty());  // prepared only on OK
 }
 
-TEST_F(RootSelectionTest, FileSystemAndDriveRootsKeepTheirSeparator) {
-    CRootSelection selection(m_doc);
-    EXPECT_TRUE(selection.AddBrowsed(u"/"));
-    EXPECT_TRUE(selection.AddTyped(u"C:\\"));
-    EXPECT_TRUE(selection.AddTyped(u"C:\\Work\\ "));
-    EXPECT_EQ(Shown(selection), (Strings{u"/", u"C:\\", u"C:\\Work"}));
-}
-
-TEST_F(RootSelectionTest, DeletedRootsStayUntilOkAndCanBeChosenAgain) {
+TEST_F(RootSelectionTest, DeletedRootsStayUntilOkWhichEmptiesTheScannedForest) {
     const std::u16string strA = Dir("a"), strB = Dir("b");
-    AddPrepared(strA);
+    CRootDirectoryData* pRoot = AddPrepared(strA);
     AddPrepared(strB);
+    auto* pChild = new CDirectoryData(pRoot, u"child", {}, {}, {}, ATTR_DIRECTORY);
+    pRoot->m_aChildren.Add(pChild);
+    m_doc.m_scan.m_aAllDirs.Add(pChild);
+    m_doc.m_pCurrentDir = pChild;
+
     CRootSelection selection(m_doc);
-    selection.DeleteRoots({0});
+    selection.DeleteRoots({0, 7});
     EXPECT_EQ(Shown(selection), Strings{strB});
-    EXPECT_EQ(m_doc.m_scan.m_aRoots.GetSize(), 2u);
+    EXPECT_EQ(Roots(), (Strings{strA, strB}));
     EXPECT_EQ(selection.EditBoxTextOf(0), strB);
     EXPECT_TRUE(selection.AddBrowsed(strA));  // a marked root does not count as chosen
 
     selection.Ok(u"");
-    ASSERT_EQ(m_doc.m_scan.m_aRoots.GetSize(), 2u);
-    EXPECT_EQ(m_doc.m_scan.m_aRoots[0]->m_strName.Str(), strB);
-    EXPECT_EQ(m_doc.m_scan.m_aRoots[1]->m_strName.Str(), strA);
+    EXPECT_EQ(Roots(), (Strings{strB, strA}));
     EXPECT_EQ(m_doc.m_scan.m_aRoots[1]->m_bNewRoot, 0);
+    EXPECT_TRUE(m_doc.m_scan.m_aAllDirs.IsEmpty());
+    EXPECT_EQ(m_doc.m_pCurrentDir, nullptr);
     ASSERT_EQ(m_doc.m_scan.m_aDrives.GetEntries().size(), 1u);
     EXPECT_EQ(m_doc.m_scan.m_aDrives.GetEntries()[0].m_uRefCount, 2u);
 }
 
 TEST_F(RootSelectionTest, CancelDropsNewRootsAndKeepsRemovalMarks) {
-    const std::u16string strA = Dir("a");
-    CRootDirectoryData* pKept = AddPrepared(strA);
+    CRootDirectoryData* pKept = AddPrepared(Dir("a"));
     CRootSelection selection(m_doc);
     selection.AddBrowsed(Dir("new"));
     selection.DeleteAllRoots();
@@ -107,39 +107,17 @@ TEST_F(RootSelectionTest, CancelDropsNewRootsAndKeepsRemovalMarks) {
 
 TEST_F(RootSelectionTest, OkWithAnEmptyListOffersTheEditBox) {
     const std::u16string strA = Dir("typed");
-    {
-        CRootSelection selection(m_doc);
-        m_host.m_aAnswers = {false};
-        selection.Ok(strA);
-        EXPECT_TRUE(m_doc.m_scan.m_aRoots.IsEmpty());
-    }
+    const std::u16string strQuestion = u"Add " + strA + u" to list of root directories ?";
+    CRootSelection(m_doc).Ok(strA);  // refused: the safe answer
+    EXPECT_TRUE(m_doc.m_scan.m_aRoots.IsEmpty());
     CRootSelection selection(m_doc);
     m_host.m_aAnswers = {true};
     selection.Ok(strA);
-    EXPECT_EQ(m_host.m_aQuestions, (Strings{u"Add " + strA + u" to list of root directories ?",
-                                            u"Add " + strA + u" to list of root directories ?"}));
-    ASSERT_EQ(m_doc.m_scan.m_aRoots.GetSize(), 1u);
+    EXPECT_EQ(m_host.m_aQuestions, Strings(2, strQuestion));
+    EXPECT_EQ(Roots(), Strings{strA});
     EXPECT_EQ(m_doc.m_scan.m_aRoots[0]->m_bNewRoot, 0);
-
     selection.Ok(u"ignored while a root is shown");
     EXPECT_EQ(m_host.m_aQuestions.size(), 2u);
-}
-
-TEST_F(RootSelectionTest, OkAfterARemovalEmptiesTheScannedForest) {
-    CRootDirectoryData* pRoot = AddPrepared(Dir("a"));
-    AddPrepared(Dir("b"));
-    auto* pChild = new CDirectoryData(pRoot, u"child", {}, {}, {}, ATTR_DIRECTORY);
-    pRoot->m_aChildren.Add(pChild);
-    m_doc.m_scan.m_aAllDirs.Add(pChild);
-    m_doc.m_pCurrentDir = pChild;
-    CRootSelection selection(m_doc);
-    selection.DeleteRoots({0, 7});
-    selection.Ok(u"");
-    EXPECT_EQ(m_doc.m_scan.m_aRoots.GetSize(), 1u);
-    EXPECT_TRUE(m_doc.m_scan.m_aAllDirs.IsEmpty());
-    EXPECT_EQ(m_doc.m_pCurrentDir, nullptr);
-    ASSERT_EQ(m_doc.m_scan.m_aDrives.GetEntries().size(), 1u);
-    EXPECT_EQ(m_doc.m_scan.m_aDrives.GetEntries()[0].m_uRefCount, 1u);
 }
 
 TEST_F(RootSelectionTest, PreviousChoicesComeFromTheRememberedList) {
@@ -148,22 +126,20 @@ TEST_F(RootSelectionTest, PreviousChoicesComeFromTheRememberedList) {
     AddPrepared(strB);
     CRootSelection selection(m_doc);
     EXPECT_EQ(selection.PreviousChoices(), (Strings{strA, strB, strC}));
-
     selection.AddPrevious({1});  // double click: with the message
     EXPECT_EQ(m_host.m_aMessages, Strings{kChosen});
     selection.AddAllPreviousQuietly();  // the popup: silently
     EXPECT_EQ(m_host.m_aMessages.size(), 1u);
     EXPECT_EQ(Shown(selection), (Strings{strB, strA, strC}));
 
+    Strings aRemembered;  // removals reach the remembered list at once
     selection.RemovePrevious({2, 0});
-    EXPECT_EQ(selection.PreviousChoices(), Strings{strB});
-    Strings aRemembered;
     ReadList(kRootDirList, aRemembered);
     EXPECT_EQ(aRemembered, Strings{strB});
+    EXPECT_EQ(selection.PreviousChoices(), Strings{strB});
     selection.RemoveAllPrevious();
-    EXPECT_TRUE(selection.PreviousChoices().empty());
     ReadList(kRootDirList, aRemembered);
-    EXPECT_TRUE(aRemembered.empty());
+    EXPECT_TRUE(aRemembered.empty() && selection.PreviousChoices().empty());
 }
 
 }  // namespace

@@ -14,14 +14,11 @@ FILETIME Ft(uint64_t u) { return FileTimeFromUInt64(u); }
 
 int Sign(int n) { return (n > 0) - (n < 0); }
 
+// R/alpha (created 3, owner zed): f1 apple.txt 100
+// R/Beta (created 2, owner amy): f2 Banana 50, f3 APPLE.txt 100
 class SortCodes : public ::testing::Test {
 protected:
     void SetUp() override {
-        m_pAlpha = AddDir(*m_pRoot, u"alpha");
-        m_pBeta = AddDir(*m_pRoot, u"Beta");
-        m_pF1 = AddFile(*m_pAlpha, u"apple.txt", 100);
-        m_pF2 = AddFile(*m_pBeta, u"Banana", 50);
-        m_pF3 = AddFile(*m_pBeta, u"APPLE.txt", 100);
         Set(*m_pF1, 1, 5, 9, 2, u"bob", 5);
         Set(*m_pF2, 2, 4, 9, -1, u"Alice", 7);
         Set(*m_pF3, 1, 5, 9, 2, u"BOB", 5);
@@ -42,73 +39,47 @@ protected:
     }
 
     std::unique_ptr<CRootDirectoryData> m_pRoot = MakeRoot(u"R");
-    CDirectoryData* m_pAlpha = nullptr;
-    CDirectoryData* m_pBeta = nullptr;
-    CFileData* m_pF1 = nullptr;
-    CFileData* m_pF2 = nullptr;
-    CFileData* m_pF3 = nullptr;
+    CDirectoryData* m_pAlpha = AddDir(*m_pRoot, u"alpha");
+    CDirectoryData* m_pBeta = AddDir(*m_pRoot, u"Beta");
+    CFileData* m_pF1 = AddFile(*m_pAlpha, u"apple.txt", 100);
+    CFileData* m_pF2 = AddFile(*m_pBeta, u"Banana", 50);
+    CFileData* m_pF3 = AddFile(*m_pBeta, u"APPLE.txt", 100);
 };
 
-TEST_F(SortCodes, FileComparisons) {
+TEST_F(SortCodes, FileAndDirectoryComparisons) {
     struct Row {
         int nCode;
         int nFirst, nSecond;  // 1, 2, 3 for f1, f2, f3
         int nSign;
-        const char* pszWhy;
     };
-    const Row aRows[] = {
-        {1, 1, 2, -1, "name without case"},
-        {1, 1, 3, 0, "same name in other case, same size"},
-        {2, 1, 2, 1, "name descending"},
-        {4, 1, 2, 1, "size"},
-        {4, 1, 3, -1, "equal size: directory path"},
-        {6, 1, 2, 1, "code 6 is code 4 for files"},
-        {5, 1, 2, -1, "size descending"},
-        {5, 1, 3, 1, "equal size: path in reverse"},
-        {7, 1, 3, 1, "code 7 is code 5 for files"},
-        {8, 1, 2, -1, "created"},
-        {9, 1, 2, 1, "created descending"},
-        {10, 1, 2, 1, "accessed"},
-        {12, 1, 2, 1, "equal modified: size ascending"},
-        {13, 1, 2, 1, "equal modified, descending: still size ascending"},
-        {16, 1, 2, -1, "CRC"},
-        {17, 1, 2, 1, "CRC descending"},
-        {16, 1, 3, 0, "equal CRC, no tie"},
-        {19, 1, 2, -1, "directory path"},
-        {19, 3, 2, -1, "same directory: name"},
-        {20, 1, 2, 1, "directory path descending"},
-        {21, 1, 2, -1, "a file with an extension before one without"},
-        {22, 1, 2, -1, "the same when descending"},
-        {21, 1, 3, 0, "extension without case, equal size"},
-        {23, 1, 2, 1, "owner without case"},
-        {23, 1, 3, 0, "owners equal without case"},
-        {24, 1, 2, -1, "owner descending"},
-        {25, 1, 2, 1, "duplicate group, signed"},
-        {26, 1, 2, -1, "duplicate group descending"},
-        {99, 1, 2, 0, "unknown code"},
-    };
+    const Row aFileRows[] = {
+        {1, 1, 2, -1},  {1, 1, 3, 0},   {2, 1, 2, 1},                 // names without case
+        {4, 1, 2, 1},   {6, 1, 2, 1},   {5, 1, 2, -1}, {7, 1, 3, 1},  // 6 and 7 are 4 and 5
+        {4, 1, 3, -1},  {5, 1, 3, 1},    // equal size: the path, reversed when descending
+        {8, 1, 2, -1},  {9, 1, 2, 1},    // created
+        {10, 1, 2, 1},                   // accessed
+        {12, 1, 2, 1},  {13, 1, 2, 1},   // equal modified: size ascending either way
+        {16, 1, 2, -1}, {17, 1, 2, 1},   // checksums
+        {16, 1, 3, 0},                   // equal checksums: no tie break
+        {19, 1, 2, -1}, {20, 1, 2, 1},   // directory path
+        {19, 3, 2, -1},                  // same directory: the name
+        {21, 1, 2, -1}, {22, 1, 2, -1},  // with an extension first either way
+        {21, 1, 3, 0},  {23, 1, 2, 1},  {23, 1, 3, 0}, {24, 1, 2, -1},  // without case
+        {25, 1, 2, 1},  {26, 1, 2, -1},                                 // duplicate groups, signed
+        {99, 1, 2, 0}};
     CFileData* aFiles[] = {nullptr, m_pF1, m_pF2, m_pF3};
-    for (const Row& r : aRows) {
+    for (const Row& r : aFileRows)
         EXPECT_EQ(Sign(CompareFilesByCode(r.nCode, aFiles[r.nFirst], aFiles[r.nSecond])), r.nSign)
-            << "code " << r.nCode << ": " << r.pszWhy;
-    }
-}
+            << "code " << r.nCode << ": f" << r.nFirst << " against f" << r.nSecond;
 
-TEST_F(SortCodes, DirectoryComparisons) {
-    AddFile(*m_pAlpha, u"extra", 1000);  // alpha: 1100 own, Beta: 150
-    CDirectoryData* pSub = AddDir(*m_pBeta, u"sub");
-    AddFile(*pSub, u"big", 5000);  // Beta with subdirectories: 5150
-    struct Row {
-        int nCode;
-        int nSign;  // alpha against Beta
-    };
-    const Row aRows[] = {
-        {1, -1}, {2, 1},  {4, -1},  {5, 1},  {6, 1},   {7, -1}, {8, -1},
-        {9, 1},  {10, 1}, {11, -1}, {20, 1}, {21, -1}, {99, 0},
-    };
-    for (const Row& r : aRows)
-        EXPECT_EQ(Sign(CompareDirsByCode(r.nCode, m_pAlpha, m_pBeta)), r.nSign)
-            << "code " << r.nCode;
+    AddFile(*m_pAlpha, u"extra", 1000);                // alpha: 1100 own, Beta: 150
+    AddFile(*AddDir(*m_pBeta, u"sub"), u"big", 5000);  // Beta with subdirectories: 5150
+    // Code, alpha against Beta.
+    const std::pair<int, int> aDirRows[] = {{1, -1}, {2, 1},   {4, -1}, {5, 1},  {6, 1},
+                                            {7, -1}, {8, -1},  {9, 1},  {10, 1}, {11, -1},
+                                            {20, 1}, {21, -1}, {99, 0}};
+    for (const auto& [nCode, nSign] : aDirRows)
+        EXPECT_EQ(Sign(CompareDirsByCode(nCode, m_pAlpha, m_pBeta)), nSign) << "code " << nCode;
 }
 
 TEST_F(SortCodes, SortingIsStableAndRemembered) {
