@@ -1,8 +1,8 @@
-// Helpers of the analyses tests: paths as the platform takes them, test
-// content, and a host that records what the engine shows.
+// Helpers of the analyses tests: random content, and a host that records
+// what the engine shows.
 #pragma once
 
-#include <filesystem>
+#include <functional>
 #include <mutex>
 #include <random>
 #include <string>
@@ -11,18 +11,8 @@
 
 #include "core/Host.h"
 #include "core/ProgressDialog.h"
-#include "platform/Text.h"
 
 namespace zv::test {
-
-inline std::u16string ToU16(const std::filesystem::path& path) {
-    const auto& native = path.native();
-#ifdef _WIN32
-    return std::u16string(native.begin(), native.end());
-#else
-    return platform::Utf8ToUtf16(native);
-#endif
-}
 
 inline std::string RandomBytes(size_t nSize, unsigned uSeed) {
     std::mt19937 rng(uSeed);
@@ -31,8 +21,9 @@ inline std::string RandomBytes(size_t nSize, unsigned uSeed) {
     return strBytes;
 }
 
-// Records status texts, messages, pumps and progress dialog texts; safe to
-// call from the checksum workers. PumpMessages runs m_onPump if set.
+// Installed while it lives. Records status texts (from any thread), pumps
+// by thread, and progress dialog texts and percentages; PumpMessages runs
+// m_onPump if set.
 class CRecordingHost : public CQuietHost {
 public:
     CRecordingHost() { SetHost(this); }
@@ -41,16 +32,9 @@ public:
     void PumpMessages() override {
         {
             std::lock_guard lock(m_mutex);
-            if (std::this_thread::get_id() == m_uiThread)
-                ++m_nUiPumps;
-            else
-                ++m_nWorkerPumps;
+            ++(std::this_thread::get_id() == m_uiThread ? m_nUiPumps : m_nWorkerPumps);
         }
         if (m_onPump) m_onPump();
-    }
-    void ShowMessage(std::u16string_view strMessage) override {
-        std::lock_guard lock(m_mutex);
-        m_aMessages.emplace_back(strMessage);
     }
     void SetStatusText(std::u16string_view strText) override {
         std::lock_guard lock(m_mutex);
@@ -72,16 +56,11 @@ public:
     std::function<void()> m_onPump;
 
 private:
-    class CView : public IProgressView {
-    public:
+    struct CView : IProgressView {
         explicit CView(CRecordingHost& host) : m_host(host) {}
-        void SetText(std::u16string_view strText) override {
-            m_host.m_aProgressTexts.emplace_back(strText);
-        }
+        void SetText(std::u16string_view s) override { m_host.m_aProgressTexts.emplace_back(s); }
         void SetLine(int, std::u16string_view) override {}
-        void SetPercent(int nPercent) override { m_host.m_aPercents.push_back(nPercent); }
-
-    private:
+        void SetPercent(int n) override { m_host.m_aPercents.push_back(n); }
         CRecordingHost& m_host;
     };
 

@@ -1,13 +1,10 @@
 #include <gtest/gtest.h>
 
-#include <memory>
 #include <string>
 #include <vector>
 
 #include "AnalysesTestSupport.h"
 #include "analyses/CrcSortPreparation.h"
-#include "core/DirectoryData.h"
-#include "core/RecordServices.h"
 #include "core/RecordTestSupport.h"
 
 namespace zv {
@@ -28,14 +25,10 @@ public:
 
 class CrcSortTest : public ::testing::Test {
 protected:
-    std::vector<CFileData*> MakeRows(size_t nCount) {
+    std::vector<CFileData*> MakeRows(size_t nCount, CDirectoryData* pDir = nullptr) {
         std::vector<CFileData*> aRows;
-        for (size_t i = 0; i < nCount; ++i) {
-            m_aFiles.push_back(std::make_unique<CFileData>(
-                platform::U16(std::string("f").append(std::to_string(i))), 1.0, FILETIME{},
-                FILETIME{}, FILETIME{}, 0, nullptr, false, nullptr));
-            aRows.push_back(m_aFiles.back().get());
-        }
+        while (aRows.size() < nCount)
+            aRows.push_back(test::AddFile(pDir ? *pDir : *m_pRoot, u"f", 1));
         return aRows;
     }
     static size_t CountKnown(const std::vector<CFileData*>& aRows) {
@@ -46,41 +39,32 @@ protected:
 
     test::CRecordingHost m_host;
     CBatchServices m_services;
-    std::vector<std::unique_ptr<CFileData>> m_aFiles;
+    std::unique_ptr<CRootDirectoryData> m_pRoot = test::MakeRoot(u"R");
 };
 
+// Batches of max(1% of the rows, 20); the last, smaller batch is left to
+// the sort. The progress counts files done, one text per percentage.
 TEST_F(CrcSortTest, FileRowsGoToThePoolInBatchesOfOnePercentOrTwenty) {
-    struct Case {
-        size_t nRows;
-        std::vector<size_t> aBatches;
-    };
-    const Case aCases[] = {
+    const std::pair<size_t, std::vector<size_t>> aCases[] = {
         {19, {}},
-        {45, {20, 20}},
         {3000, std::vector<size_t>(100, 30)},
         {3050, std::vector<size_t>(101, 30)},
+        {45, {20, 20}},
     };
-    for (const Case& c : aCases) {
+    for (const auto& [nRows, aBatches] : aCases) {
         m_services.m_aBatchSizes.clear();
-        const std::vector<CFileData*> aRows = MakeRows(c.nRows);
+        m_host.m_aProgressTexts.clear();
+        const std::vector<CFileData*> aRows = MakeRows(nRows);
         EXPECT_TRUE(PrepareFileCrcSort(aRows));
-        EXPECT_EQ(m_services.m_aBatchSizes, c.aBatches) << c.nRows;
-        // The last, smaller batch is left to the sort.
+        EXPECT_EQ(m_services.m_aBatchSizes, aBatches) << nRows;
         size_t nInBatches = 0;
-        for (size_t n : c.aBatches) nInBatches += n;
-        EXPECT_EQ(CountKnown(aRows), nInBatches) << c.nRows;
+        for (size_t n : aBatches) nInBatches += n;
+        EXPECT_EQ(CountKnown(aRows), nInBatches) << nRows;
     }
-}
-
-TEST_F(CrcSortTest, ProgressCountsFilesDone) {
-    EXPECT_TRUE(PrepareFileCrcSort(MakeRows(45)));
-    EXPECT_EQ(m_host.m_nProgressOpened, 1);
-    ASSERT_GE(m_host.m_aProgressTexts.size(), 3u);
+    ASSERT_EQ(m_host.m_aProgressTexts.size(), 46u);
     EXPECT_EQ(m_host.m_aProgressTexts[0], u"Computing CRC 0% 0/45 files");
     EXPECT_EQ(m_host.m_aProgressTexts[1], u"Computing CRC 2% 1/45 files");
     EXPECT_EQ(m_host.m_aProgressTexts.back(), u"Computing CRC 100% 45/45 files");
-    // One text per percentage: 0, then one for each of the 45 steps.
-    EXPECT_EQ(m_host.m_aProgressTexts.size(), 46u);
     EXPECT_EQ(m_host.m_aPercents.back(), 100);
 }
 
@@ -103,6 +87,7 @@ TEST_F(CrcSortTest, CancelGivesTheSortUp) {
     EXPECT_TRUE(m_services.m_aBatchSizes.empty());
 }
 
+// As soon as a batch would be full, the whole list goes in one batch.
 TEST_F(CrcSortTest, DuplicateViewHandsTheWholeListOverAtTheThreshold) {
     std::vector<CFileData*> aRows = MakeRows(45);
     EXPECT_TRUE(PrepareDuplicateFileCrcSort(aRows));
@@ -119,26 +104,24 @@ TEST_F(CrcSortTest, DuplicateViewHandsTheWholeListOverAtTheThreshold) {
 }
 
 TEST_F(CrcSortTest, DirectoryRowsBatchTheirFilesThenTakeTheirOwnChecksum) {
-    auto pRoot = test::MakeRoot(u"R");
-    std::vector<CDirectoryData*> aRows = {test::AddDir(*pRoot, u"a"), test::AddDir(*pRoot, u"b")};
-    for (CDirectoryData* pDir : aRows)
-        for (int i = 0; i < 15; ++i) test::AddFile(*pDir, platform::U16(std::to_string(i)), 1);
+    std::vector<CDirectoryData*> aRows = {test::AddDir(*m_pRoot, u"a"),
+                                          test::AddDir(*m_pRoot, u"b")};
+    for (CDirectoryData* pDir : aRows) MakeRows(15, pDir);
     EXPECT_TRUE(PrepareDirCrcSort(aRows));
     ASSERT_GE(m_services.m_aBatchSizes.size(), 1u);
     EXPECT_EQ(m_services.m_aBatchSizes[0], 20u);
     EXPECT_EQ(m_host.m_aProgressTexts[0], u"Computing CRC 0% 0/30 files");
     for (CDirectoryData* pDir : aRows) EXPECT_TRUE(pDir->m_uFlags & DIR_CRC_VALID);
 
-    m_host.m_nProgressOpened = 0;
     EXPECT_TRUE(PrepareDirCrcSort(aRows));  // all known now
-    EXPECT_EQ(m_host.m_nProgressOpened, 0);
+    EXPECT_EQ(m_host.m_nProgressOpened, 1);
 }
 
+// With subdirectories, rows are done one by one.
 TEST_F(CrcSortTest, WithSubdirectoriesRowsAreDoneOneByOne) {
-    auto pRoot = test::MakeRoot(u"R");
     std::vector<CDirectoryData*> aRows;
     for (const char16_t* pszName : {u"a", u"b", u"c"})
-        aRows.push_back(test::AddDir(*pRoot, pszName));
+        aRows.push_back(test::AddDir(*m_pRoot, pszName));
     test::AddFile(*test::AddDir(*aRows[0], u"deep"), u"f", 1);
     EXPECT_TRUE(PrepareDirCrcWithSubdirsSort(aRows));
     EXPECT_EQ(m_host.m_aProgressTexts,

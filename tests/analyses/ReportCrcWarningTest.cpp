@@ -7,82 +7,55 @@
 namespace zv {
 namespace {
 
+CReportWarning Decide(bool bCrc, bool bCrcSubdirs, bool bOwner, bool bCrcShown, bool bOwnerShown,
+                      bool bSave) {
+    CPrintSettings print;
+    print.m_aFlags[PrintCrc] = bCrc;
+    print.m_aFlags[PrintCrcSubdirs] = bCrcSubdirs;
+    print.m_aFlags[PrintOwner] = bOwner;
+    return DecideReportWarning(print, bCrcShown, bOwnerShown, bSave);
+}
+
+// A pane for each column that will be computed without being shown, CRC
+// first; only saving with the owner cancels the save.
 TEST(ReportCrcWarning, PanesFollowWhatIsSelectedAndNotShown) {
+    // Selected: CRC, CRC with subdirectories, owner; shown: CRC, owner; save.
     struct Case {
-        bool bCrc, bCrcSubdirs, bOwner, bCrcShown, bOwnerShown, bSave;
-        std::vector<std::u16string> aTexts;  // text, button per pane
-        const char16_t* pszCancel;
+        int bCrc, bCrcSubdirs, bOwner, bCrcShown, bOwnerShown, bSave;
+        const char16_t* pszExpected;  // each pane's cause and button, then Cancel
     };
-    const std::u16string kCrcPrint = u"You have chosen to print: CRC\nThis may take a long time";
-    const std::u16string kCrcSave = u"You have chosen to save: CRC\nThis may take a long time";
-    const std::u16string kOwnerPrint =
-        u"You have chosen to print: Owner\nThis may take a long time";
-    const std::u16string kOwnerSave = u"You have chosen to save: Owner\nThis may take a long time";
     const Case aCases[] = {
-        {false, false, false, false, false, false, {}, u"Cancel Printing"},
-        {true, false, false, true, false, false, {}, u"Cancel Printing"},  // column shown
-        {false, false, true, false, true, true, {}, u"Cancel Printing"},   // column shown
-        {true,
-         false,
-         false,
-         false,
-         false,
-         false,
-         {kCrcPrint, u"Don't print CRC"},
-         u"Cancel Printing"},
-        {false,
-         true,
-         false,
-         false,
-         false,
-         false,
-         {kCrcPrint, u"Don't print CRC"},
-         u"Cancel Printing"},
-        {true, false, false, false, false, true, {kCrcSave, u"Don't save CRC"}, u"Cancel Printing"},
-        {false,
-         false,
-         true,
-         false,
-         false,
-         false,
-         {kOwnerPrint, u"Don't print owner"},
-         u"Cancel Printing"},
-        {false, false, true, false, false, true, {kOwnerSave, u"Don't save owner"}, u"Cancel save"},
-        {true,
-         true,
-         true,
-         false,
-         false,
-         false,
-         {kCrcPrint, u"Don't print CRC", kOwnerPrint, u"Don't print owner"},
-         u"Cancel Printing"},
-        {true,
-         false,
-         true,
-         false,
-         false,
-         true,
-         {kCrcSave, u"Don't save CRC", kOwnerSave, u"Don't save owner"},
-         u"Cancel save"},
+        {0, 0, 0, 0, 0, 0, u"Cancel Printing"},
+        {1, 0, 0, 1, 0, 0, u"Cancel Printing"},
+        {0, 0, 1, 0, 1, 1, u"Cancel Printing"},
+        {1, 0, 0, 0, 0, 0, u"C Don't print CRC; Cancel Printing"},
+        {0, 1, 0, 0, 0, 0, u"C Don't print CRC; Cancel Printing"},
+        {1, 0, 0, 0, 0, 1, u"C Don't save CRC; Cancel Printing"},
+        {0, 0, 1, 0, 0, 0, u"O Don't print owner; Cancel Printing"},
+        {0, 0, 1, 0, 0, 1, u"O Don't save owner; Cancel save"},
+        {1, 1, 1, 0, 0, 0, u"C Don't print CRC; O Don't print owner; Cancel Printing"},
+        {1, 0, 1, 0, 0, 1, u"C Don't save CRC; O Don't save owner; Cancel save"},
     };
-    int nCase = 0;
     for (const Case& c : aCases) {
-        CPrintSettings print;
-        print.m_aFlags[PrintCrc] = c.bCrc;
-        print.m_aFlags[PrintCrcSubdirs] = c.bCrcSubdirs;
-        print.m_aFlags[PrintOwner] = c.bOwner;
         const CReportWarning warning =
-            DecideReportWarning(print, c.bCrcShown, c.bOwnerShown, c.bSave);
-        std::vector<std::u16string> aTexts;
-        for (const CReportWarningPane& pane : warning.aPanes) {
-            aTexts.push_back(pane.strText);
-            aTexts.push_back(pane.strButton);
-        }
-        EXPECT_EQ(aTexts, c.aTexts) << "case " << nCase;
-        EXPECT_EQ(warning.IsNeeded(), !c.aTexts.empty()) << "case " << nCase;
-        EXPECT_EQ(warning.strCancel, c.pszCancel) << "case " << nCase;
+            Decide(c.bCrc, c.bCrcSubdirs, c.bOwner, c.bCrcShown, c.bOwnerShown, c.bSave);
+        std::u16string strPanes;
+        for (const CReportWarningPane& pane : warning.aPanes)
+            strPanes +=
+                (pane.eCause == EReportWarningCause::Crc ? u"C " : u"O ") + pane.strButton + u"; ";
+        EXPECT_EQ(platform::Utf16ToUtf8(strPanes + warning.strCancel),
+                  platform::Utf16ToUtf8(c.pszExpected));
+        EXPECT_EQ(warning.IsNeeded(), !strPanes.empty());
         EXPECT_EQ(warning.strOk, u"OK");
-        ++nCase;
+    }
+    for (bool bSave : {false, true}) {
+        const CReportWarning warning = Decide(true, false, true, false, false, bSave);
+        ASSERT_EQ(warning.aPanes.size(), 2u);
+        const std::u16string strVerb = bSave ? u"save" : u"print";
+        EXPECT_EQ(warning.aPanes[0].strText,
+                  u"You have chosen to " + strVerb + u": CRC\nThis may take a long time");
+        EXPECT_EQ(warning.aPanes[1].strText,
+                  u"You have chosen to " + strVerb + u": Owner\nThis may take a long time");
     }
 }
 

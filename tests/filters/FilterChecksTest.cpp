@@ -1,7 +1,5 @@
 #include <gtest/gtest.h>
 
-#include <functional>
-
 #include "filters/FilterChecks.h"
 
 namespace zv {
@@ -18,57 +16,34 @@ TEST(FilterChecks, ADuplicateEntryIsRefusedUnlessMarkedRemoved) {
 }
 
 TEST(FilterChecks, SizeAndDateDialogMessagesInTheirOrder) {
-    auto Dated = [](CSizeDateDialogValues& v, EDateFilter e, uint64_t u) {
-        v.m_aDates[e].m_bAbsolute = 1;
-        v.m_aDates[e].m_ftAbsolute = FileTimeFromUInt64(u);
-    };
     struct Case {
-        std::function<void(CSizeDateDialogValues&)> configure;
-        std::u16string strMessage;
+        uint64_t aDates[DateFilterCount];  // absolute dates in EDateFilter order; 0: not set
+        const char16_t* pszMin;            // null: the minimum is off
+        const char16_t* pszMax;
+        std::u16string_view strMessage;
     };
     const Case aCases[] = {
-        {[](CSizeDateDialogValues&) {}, u""},
-        {[&](CSizeDateDialogValues& v) {
-             Dated(v, CreatedBefore, 20);
-             Dated(v, CreatedAfter, 10);
-         },
-         u"created-before date > created-after date"},
-        {[&](CSizeDateDialogValues& v) {
-             Dated(v, CreatedBefore, 10);
-             Dated(v, CreatedAfter, 10);  // equal is fine
-             Dated(v, AccessedBefore, 20);
-             Dated(v, AccessedAfter, 10);
-         },
-         u"accessed-before date > accessed-ater date"},
-        {[&](CSizeDateDialogValues& v) {
-             Dated(v, ModifiedBefore, 20);
-             Dated(v, ModifiedAfter, 10);
-             v.m_bMinSize = 1;  // a later check: the date message comes first
-         },
-         u"modify-before date > modify-after date"},
-        {[](CSizeDateDialogValues& v) { v.m_bMinSize = 1; },
-         u"Minimum file size is enable, but there is no number entered"},
-        {[](CSizeDateDialogValues& v) {
-             v.m_bMaxSize = 1;
-             v.m_strMaxSize = u"abc";
-         },
-         u"Maximum file size is enable, but there is no number entered"},
-        {[](CSizeDateDialogValues& v) {
-             v.m_bMinSize = v.m_bMaxSize = 1;
-             v.m_strMinSize = u"2e3";
-             v.m_strMaxSize = u"1999";
-         },
-         u"Min Size > Max Size"},
-        {[](CSizeDateDialogValues& v) {
-             v.m_bMinSize = v.m_bMaxSize = 1;
-             v.m_strMinSize = v.m_strMaxSize = u"1000";
-         },
-         u""},
+        {{}, nullptr, nullptr, u""},
+        {{20, 10}, nullptr, nullptr, u"created-before date > created-after date"},
+        {{10, 10, 20, 10}, nullptr, nullptr, u"accessed-before date > accessed-ater date"},
+        // A date message comes before a size message.
+        {{0, 0, 0, 0, 20, 10}, u"", nullptr, u"modify-before date > modify-after date"},
+        {{}, u"", u"5", u"Minimum file size is enable, but there is no number entered"},
+        {{}, nullptr, u"abc", u"Maximum file size is enable, but there is no number entered"},
+        {{}, u"2e3", u"1999", u"Min Size > Max Size"},
+        {{}, u"1000", u"1000", u""},
     };
-    for (size_t i = 0; i < std::size(aCases); ++i) {
-        CSizeDateDialogValues values;
-        aCases[i].configure(values);
-        EXPECT_EQ(CheckSizeDateDialog(values), aCases[i].strMessage) << "case " << i;
+    for (const Case& c : aCases) {
+        CSizeDateDialogValues v;
+        for (int i = 0; i < DateFilterCount; ++i) {
+            v.m_aDates[i].m_bAbsolute = c.aDates[i] != 0;
+            v.m_aDates[i].m_ftAbsolute = FileTimeFromUInt64(c.aDates[i]);
+        }
+        v.m_bMinSize = c.pszMin != nullptr;
+        v.m_strMinSize = c.pszMin ? c.pszMin : u"";
+        v.m_bMaxSize = c.pszMax != nullptr;
+        v.m_strMaxSize = c.pszMax ? c.pszMax : u"";
+        EXPECT_EQ(CheckSizeDateDialog(v), c.strMessage) << &c - aCases;
     }
 }
 
