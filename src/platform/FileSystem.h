@@ -92,6 +92,10 @@ public:
 
 private:
     struct Impl;
+#ifndef _WIN32
+    // Takes an open directory descriptor (or -1 after a failed open).
+    bool Adopt(int nFd, const std::string& strName);
+#endif
     std::unique_ptr<Impl> m_pImpl;
     int m_nLastError = ERR_NONE;
 };

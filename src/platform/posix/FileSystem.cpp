@@ -257,20 +257,25 @@ bool CDirectoryReader::Open(std::u16string_view path) {
         m_nLastError = ERR_PATH_NOT_FOUND;
         return false;
     }
+    const std::string strName(LastComponent(strPath));
     const int nFd = open(strPath.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    if (nFd < 0) {
-        m_nLastError = ErrorFromErrno(errno);
-        return false;
-    }
-    DIR* pDir = fdopendir(nFd);
+    return Adopt(nFd, strName);
+}
+
+bool CDirectoryReader::Adopt(int nFd, const std::string& strName) {
+    DIR* pDir = nFd < 0 ? nullptr : fdopendir(nFd);
     if (!pDir) {
         m_nLastError = ErrorFromErrno(errno);
-        close(nFd);
+        if (nFd >= 0) close(nFd);
         return false;
     }
-    m_pImpl = std::make_unique<Impl>();
-    m_pImpl->pDir = pDir;
-    m_pImpl->strName = LastComponent(strPath);
+    // Replaced only now: the directory may have been opened from this very
+    // reader as its parent.
+    auto pImpl = std::make_unique<Impl>();
+    pImpl->pDir = pDir;
+    pImpl->strName = strName;
+    m_pImpl = std::move(pImpl);
+    m_nLastError = ERR_NONE;
     return true;
 }
 
@@ -284,23 +289,7 @@ bool CDirectoryReader::OpenChild(const CDirectoryReader& parent, std::u16string_
     // symbolic link is not followed.
     const int nFd = openat(dirfd(parent.m_pImpl->pDir), strName.c_str(),
                            O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    if (nFd < 0) {
-        m_nLastError = ErrorFromErrno(errno);
-        return false;
-    }
-    DIR* pDir = fdopendir(nFd);
-    if (!pDir) {
-        m_nLastError = ErrorFromErrno(errno);
-        close(nFd);
-        return false;
-    }
-    // Only now, as parent may be this very reader.
-    auto pImpl = std::make_unique<Impl>();
-    pImpl->pDir = pDir;
-    pImpl->strName = strName;
-    m_pImpl = std::move(pImpl);
-    m_nLastError = ERR_NONE;
-    return true;
+    return Adopt(nFd, strName);
 }
 
 bool CDirectoryReader::Next(CDirEntry& entry) {

@@ -79,14 +79,21 @@ bool IsDotOrDotDot(const wchar_t* pName) {
     return pName[0] == L'.' && (pName[1] == 0 || (pName[1] == L'.' && pName[2] == 0));
 }
 
-void FillEntry(const WIN32_FIND_DATAW& data, CDirEntry& entry) {
-    entry.strName = FromWide(data.cFileName);
+// Size, times and attributes from any of the Win32 records that carry them
+// under the same field names (find data, handle information, attribute data).
+template <typename TRecord>
+void FillInfo(const TRecord& data, CDirEntry& entry) {
     entry.uSizeLow = data.nFileSizeLow;
     entry.uSizeHigh = data.nFileSizeHigh;
     entry.ftCreated = FromWin32(data.ftCreationTime);
     entry.ftAccessed = FromWin32(data.ftLastAccessTime);
     entry.ftModified = FromWin32(data.ftLastWriteTime);
     entry.uAttributes = data.dwFileAttributes;
+}
+
+void FillEntry(const WIN32_FIND_DATAW& data, CDirEntry& entry) {
+    entry.strName = FromWide(data.cFileName);
+    FillInfo(data, entry);
 }
 
 // The root of the volume holding path ("C:\", a mount folder, "\\server\share\").
@@ -215,12 +222,7 @@ bool CDirectoryReader::GetSelf(CDirEntry& entry) const {
     BY_HANDLE_FILE_INFORMATION info{};
     if (!::GetFileInformationByHandle(handle.Get(), &info)) return false;
     entry.strName.clear();
-    entry.uSizeLow = info.nFileSizeLow;
-    entry.uSizeHigh = info.nFileSizeHigh;
-    entry.ftCreated = FromWin32(info.ftCreationTime);
-    entry.ftAccessed = FromWin32(info.ftLastAccessTime);
-    entry.ftModified = FromWin32(info.ftLastWriteTime);
-    entry.uAttributes = info.dwFileAttributes;
+    FillInfo(info, entry);
     return true;
 }
 
@@ -293,12 +295,7 @@ bool GetEntryInfo(std::u16string_view path, CDirEntry& entry) {
         return false;
     }
     entry.strName = FinalComponent(path);
-    entry.uSizeLow = data.nFileSizeLow;
-    entry.uSizeHigh = data.nFileSizeHigh;
-    entry.ftCreated = FromWin32(data.ftCreationTime);
-    entry.ftAccessed = FromWin32(data.ftLastAccessTime);
-    entry.ftModified = FromWin32(data.ftLastWriteTime);
-    entry.uAttributes = data.dwFileAttributes;
+    FillInfo(data, entry);
     return true;
 }
 
