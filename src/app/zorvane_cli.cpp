@@ -18,38 +18,31 @@ constexpr int kUsageError = 2;
 // Options that fill the filter lists: repeatable, patterns with '*' and '?'
 // compared without regard to case.
 void AddFilterOptions(CLI::App& command, zv::CScanCommandOptions& scan) {
-    command.add_option("--name", scan.m_aNames, "Keep only files whose name matches PATTERN")
-        ->type_name("PATTERN")
-        ->allow_extra_args(false);
-    command
-        .add_option("--exclude-name", scan.m_aExcludeNames,
-                    "Leave out files whose name matches PATTERN")
-        ->type_name("PATTERN")
-        ->allow_extra_args(false);
-    command
-        .add_option("--exclude-path", scan.m_aExcludePaths,
-                    "Leave out the file with this full path")
-        ->type_name("PATH")
-        ->allow_extra_args(false);
-    command
-        .add_option("--dir", scan.m_aDirs,
-                    "Keep files only in directories whose own name matches PATTERN "
-                    "(others are still walked)")
-        ->type_name("PATTERN")
-        ->allow_extra_args(false);
-    command
-        .add_option("--exclude-dir", scan.m_aExcludeDirs,
-                    "Skip directories whose full path matches PATTERN, with all below them")
-        ->type_name("PATTERN")
-        ->allow_extra_args(false);
-    command.add_option("--owner", scan.m_aOwners, "Keep only files whose owner matches PATTERN")
-        ->type_name("PATTERN")
-        ->allow_extra_args(false);
-    command
-        .add_option("--exclude-owner", scan.m_aExcludeOwners,
-                    "Leave out files whose owner matches PATTERN")
-        ->type_name("PATTERN")
-        ->allow_extra_args(false);
+    struct CListOption {
+        const char* pszName;
+        std::vector<std::string>& aValues;
+        const char* pszType;
+        const char* pszHelp;
+    };
+    const CListOption aListOptions[] = {
+        {"--name", scan.m_aNames, "PATTERN", "Keep only files whose name matches PATTERN"},
+        {"--exclude-name", scan.m_aExcludeNames, "PATTERN",
+         "Leave out files whose name matches PATTERN"},
+        {"--exclude-path", scan.m_aExcludePaths, "PATH", "Leave out the file with this full path"},
+        {"--dir", scan.m_aDirs, "PATTERN",
+         "Keep files only in directories whose own name matches PATTERN (others are still "
+         "walked)"},
+        {"--exclude-dir", scan.m_aExcludeDirs, "PATTERN",
+         "Skip directories whose full path matches PATTERN, with all below them"},
+        {"--owner", scan.m_aOwners, "PATTERN", "Keep only files whose owner matches PATTERN"},
+        {"--exclude-owner", scan.m_aExcludeOwners, "PATTERN",
+         "Leave out files whose owner matches PATTERN"},
+    };
+    for (const CListOption& option : aListOptions) {
+        command.add_option(option.pszName, option.aValues, option.pszHelp)
+            ->type_name(option.pszType)
+            ->allow_extra_args(false);
+    }
     command
         .add_option_function<double>(
             "--min-size", [&scan](double d) { scan.m_dMinSize = d; },
