@@ -10,12 +10,12 @@
 #include <string_view>
 
 #include "FuzzInput.h"
-#include "core/Document.h"
-#include "core/Host.h"
-#include "core/SettingsDisk.h"
-#include "core/SettingsFile.h"
-#include "core/SettingsText.h"
-#include "core/TextFile.h"
+#include "core/document/Document.h"
+#include "core/host/Host.h"
+#include "core/settings/SettingsDisk.h"
+#include "core/settings/SettingsFile.h"
+#include "core/settings/SettingsText.h"
+#include "core/settings/TextFile.h"
 
 namespace {
 

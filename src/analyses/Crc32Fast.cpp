@@ -3,7 +3,7 @@
 #include <atomic>
 
 #include "analyses/Crc32Kernels.h"
-#include "core/Crc32.h"
+#include "core/records/Crc32.h"
 
 namespace zv {
 namespace {

@@ -7,7 +7,7 @@
 
 #include "analyses/Crc32Fast.h"
 #include "analyses/CrcProgress.h"
-#include "core/Crc32.h"
+#include "core/records/Crc32.h"
 #include "metadata/Mp3Tags.h"
 #include "platform/FileSystem.h"
 

@@ -6,7 +6,7 @@
 #include <cstring>
 
 #include "analyses/Crc32Kernels.h"
-#include "core/Crc32.h"
+#include "core/records/Crc32.h"
 
 namespace zv::crc32_kernels {
 namespace {

@@ -5,8 +5,8 @@
 #include <vector>
 
 #include "analyses/CrcListFormats.h"
-#include "core/Document.h"
-#include "core/Host.h"
+#include "core/document/Document.h"
+#include "core/host/Host.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 

@@ -8,7 +8,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/CrcListEntry.h"
+#include "core/records/CrcListEntry.h"
 
 namespace zv {
 

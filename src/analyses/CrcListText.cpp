@@ -5,7 +5,7 @@
 #include <string>
 
 #include "analyses/CrcListFormats.h"
-#include "core/TextFile.h"
+#include "core/settings/TextFile.h"
 #include "platform/Text.h"
 
 namespace zv {

@@ -5,8 +5,8 @@
 #include <memory>
 
 #include "analyses/CrcServices.h"
-#include "core/FileData.h"
-#include "core/RecordPath.h"
+#include "core/records/FileData.h"
+#include "core/records/RecordPath.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 

@@ -1,8 +1,8 @@
 #include "analyses/CrcProgress.h"
 
 #include "analyses/CrcThreadPool.h"
-#include "core/Document.h"
-#include "core/Host.h"
+#include "core/document/Document.h"
+#include "core/host/Host.h"
 #include "platform/Text.h"
 
 namespace zv {

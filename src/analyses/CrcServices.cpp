@@ -1,7 +1,7 @@
 #include "analyses/CrcServices.h"
 
 #include "analyses/Crc32OfFile.h"
-#include "core/FileData.h"
+#include "core/records/FileData.h"
 
 namespace zv {
 

@@ -7,7 +7,7 @@
 #include <vector>
 
 #include "analyses/CrcThreadPool.h"
-#include "core/RecordServices.h"
+#include "core/records/RecordServices.h"
 
 namespace zv {
 

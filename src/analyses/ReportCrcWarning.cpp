@@ -1,6 +1,6 @@
 #include "analyses/ReportCrcWarning.h"
 
-#include "core/PrintSettings.h"
+#include "core/document/PrintSettings.h"
 
 namespace zv {
 

@@ -2,9 +2,9 @@
 
 #include <cstdio>
 
-#include "core/Document.h"
-#include "core/ErrorList.h"
-#include "core/ProgressDialog.h"
+#include "core/document/Document.h"
+#include "core/host/ErrorList.h"
+#include "core/host/ProgressDialog.h"
 #include "platform/Console.h"
 #include "platform/Text.h"
 

@@ -7,7 +7,7 @@
 #include <mutex>
 #include <string>
 
-#include "core/Host.h"
+#include "core/host/Host.h"
 
 namespace zv {
 

@@ -4,8 +4,8 @@
 #include <cstdlib>
 
 #include "analyses/CrcList.h"
-#include "core/Document.h"
-#include "core/RememberedLists.h"
+#include "core/document/Document.h"
+#include "core/state/RememberedLists.h"
 
 namespace zv {
 

@@ -4,7 +4,7 @@
 // control join as those subsystems arrive.
 #pragma once
 
-#include "core/ScanHooks.h"
+#include "core/scan/ScanHooks.h"
 
 namespace zv {
 

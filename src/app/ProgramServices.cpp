@@ -1,7 +1,7 @@
 #include "app/ProgramServices.h"
 
 #include "analyses/CrcServices.h"
-#include "core/RecordServices.h"
+#include "core/records/RecordServices.h"
 
 namespace zv {
 

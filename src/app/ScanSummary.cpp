@@ -3,7 +3,7 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
-#include "core/Document.h"
+#include "core/document/Document.h"
 #include "platform/Text.h"
 
 namespace zv {

@@ -3,9 +3,9 @@
 #include <cstdio>
 
 #include "app/ConsoleHost.h"
-#include "core/Document.h"
-#include "core/DocumentStartup.h"
-#include "core/SettingsFile.h"
+#include "core/document/Document.h"
+#include "core/document/DocumentStartup.h"
+#include "core/settings/SettingsFile.h"
 #include "platform/Text.h"
 
 namespace zv {

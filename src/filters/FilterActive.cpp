@@ -1,6 +1,6 @@
 #include "filters/FilterActive.h"
 
-#include "core/Document.h"
+#include "core/document/Document.h"
 #include "platform/FileTime.h"
 
 namespace zv {

@@ -5,7 +5,7 @@
 #include <string>
 #include <string_view>
 
-#include "core/FilterSet.h"
+#include "core/document/FilterSet.h"
 
 namespace zv {
 

@@ -1,8 +1,8 @@
 #include "filters/ScanFilter.h"
 
-#include "core/Document.h"
-#include "core/OwnerNameCache.h"
-#include "core/RecordPath.h"
+#include "core/document/Document.h"
+#include "core/records/OwnerNameCache.h"
+#include "core/records/RecordPath.h"
 #include "filters/FilterActive.h"
 #include "filters/WildcardMatch.h"
 #include "platform/FileSystem.h"

@@ -4,7 +4,7 @@
 // security information last.
 #pragma once
 
-#include "core/ScanHooks.h"
+#include "core/scan/ScanHooks.h"
 
 namespace zv {
 

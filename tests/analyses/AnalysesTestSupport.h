@@ -9,8 +9,8 @@
 #include <thread>
 #include <vector>
 
-#include "core/Host.h"
-#include "core/ProgressDialog.h"
+#include "core/host/Host.h"
+#include "core/host/ProgressDialog.h"
 
 namespace zv::test {
 

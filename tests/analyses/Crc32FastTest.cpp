@@ -5,7 +5,7 @@
 
 #include "AnalysesTestSupport.h"
 #include "analyses/Crc32Fast.h"
-#include "core/Crc32.h"
+#include "core/records/Crc32.h"
 
 namespace zv {
 namespace {

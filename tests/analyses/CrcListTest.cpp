@@ -7,8 +7,8 @@
 #include "AnalysesTestSupport.h"
 #include "analyses/CrcList.h"
 #include "analyses/CrcListFormats.h"
-#include "core/Document.h"
-#include "core/RecordTestSupport.h"
+#include "core/document/Document.h"
+#include "core/records/RecordTestSupport.h"
 #include "platform/Text.h"
 #include "support/TempDir.h"
 

@@ -5,7 +5,7 @@
 #include <string>
 
 #include "analyses/CrcListing.h"
-#include "core/Crc32.h"
+#include "core/records/Crc32.h"
 #include "platform/Text.h"
 #include "support/TempDir.h"
 

@@ -5,7 +5,7 @@
 
 #include "AnalysesTestSupport.h"
 #include "analyses/CrcSortPreparation.h"
-#include "core/RecordTestSupport.h"
+#include "core/records/RecordTestSupport.h"
 
 namespace zv {
 namespace {

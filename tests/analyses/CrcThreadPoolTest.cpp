@@ -11,9 +11,9 @@
 #include "analyses/Crc32OfFile.h"
 #include "analyses/CrcProgress.h"
 #include "analyses/CrcServices.h"
-#include "core/Crc32.h"
-#include "core/Document.h"
-#include "core/RecordTestSupport.h"
+#include "core/records/Crc32.h"
+#include "core/document/Document.h"
+#include "core/records/RecordTestSupport.h"
 #include "support/TempDir.h"
 
 namespace zv {

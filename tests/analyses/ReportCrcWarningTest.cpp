@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
 #include "analyses/ReportCrcWarning.h"
-#include "core/PrintSettings.h"
+#include "core/document/PrintSettings.h"
 #include "platform/Text.h"
 
 namespace zv {

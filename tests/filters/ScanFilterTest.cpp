@@ -5,9 +5,9 @@
 #include <memory>
 #include <set>
 
-#include "core/Document.h"
-#include "core/Host.h"
-#include "core/Scanner.h"
+#include "core/document/Document.h"
+#include "core/host/Host.h"
+#include "core/scan/Scanner.h"
 #include "filters/FilterActive.h"
 #include "filters/ScanFilter.h"
 #include "platform/FileSystem.h"

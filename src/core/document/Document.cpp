@@ -1,4 +1,4 @@
-#include "core/Document.h"
+#include "core/document/Document.h"
 
 namespace zv {
 namespace {

@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "core/CrcListEntry.h"
-#include "core/DocumentOptions.h"
-#include "core/FilterSet.h"
-#include "core/PrintSettings.h"
-#include "core/ResultLists.h"
-#include "core/ScanRegisters.h"
+#include "core/records/CrcListEntry.h"
+#include "core/document/DocumentOptions.h"
+#include "core/document/FilterSet.h"
+#include "core/document/PrintSettings.h"
+#include "core/document/ResultLists.h"
+#include "core/document/ScanRegisters.h"
 
 namespace zv {
 

@@ -1,7 +1,7 @@
-#include "core/DocumentStartup.h"
+#include "core/document/DocumentStartup.h"
 
-#include "core/Document.h"
-#include "core/SettingsFile.h"
+#include "core/document/Document.h"
+#include "core/settings/SettingsFile.h"
 
 namespace zv {
 

@@ -1,7 +1,7 @@
-#include "core/DupFilterRecords.h"
+#include "core/document/DupFilterRecords.h"
 
-#include "core/FilterSet.h"
-#include "core/Host.h"
+#include "core/document/FilterSet.h"
+#include "core/host/Host.h"
 #include "platform/FileSystem.h"
 
 namespace zv {

@@ -1,4 +1,4 @@
-#include "core/FilterSet.h"
+#include "core/document/FilterSet.h"
 
 #include "platform/Text.h"
 

@@ -8,9 +8,9 @@
 #include <string_view>
 #include <vector>
 
-#include "core/DirectoryData.h"
-#include "core/FileData.h"
-#include "core/PtrArray.h"
+#include "core/records/DirectoryData.h"
+#include "core/records/FileData.h"
+#include "core/records/PtrArray.h"
 #include "platform/FileTime.h"
 
 namespace zv {

@@ -1,4 +1,4 @@
-#include "core/MetadataPrintFields.h"
+#include "core/document/MetadataPrintFields.h"
 
 namespace zv {
 namespace {

@@ -1,4 +1,4 @@
-#include "core/PrintSettings.h"
+#include "core/document/PrintSettings.h"
 
 namespace zv {
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/MetadataPrintFields.h"
+#include "core/document/MetadataPrintFields.h"
 
 namespace zv {
 

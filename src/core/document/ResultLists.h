@@ -4,7 +4,7 @@
 
 #include <vector>
 
-#include "core/DirectoryData.h"
+#include "core/records/DirectoryData.h"
 
 namespace zv {
 

@@ -4,9 +4,9 @@
 #include <string>
 #include <vector>
 
-#include "core/DirectoryData.h"
-#include "core/DriveList.h"
-#include "core/PtrArray.h"
+#include "core/records/DirectoryData.h"
+#include "core/records/DriveList.h"
+#include "core/records/PtrArray.h"
 
 namespace zv {
 

@@ -1,9 +1,9 @@
-#include "core/SizeText.h"
+#include "core/document/SizeText.h"
 
 #include <cmath>
 #include <cstdio>
 
-#include "core/Document.h"
+#include "core/document/Document.h"
 #include "platform/FileSystem.h"
 
 namespace zv {

@@ -1,10 +1,10 @@
-#include "core/SortCodes.h"
+#include "core/document/SortCodes.h"
 
 #include <algorithm>
 
-#include "core/DirectoryData.h"
-#include "core/FileData.h"
-#include "core/RecordServices.h"
+#include "core/records/DirectoryData.h"
+#include "core/records/FileData.h"
+#include "core/records/RecordServices.h"
 #include "platform/Text.h"
 
 namespace zv {

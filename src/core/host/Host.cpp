@@ -1,4 +1,4 @@
-#include "core/Host.h"
+#include "core/host/Host.h"
 
 namespace zv {
 namespace {

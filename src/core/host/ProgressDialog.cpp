@@ -1,4 +1,4 @@
-#include "core/ProgressDialog.h"
+#include "core/host/ProgressDialog.h"
 
 namespace zv {
 

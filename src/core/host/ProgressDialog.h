@@ -6,7 +6,7 @@
 #include <memory>
 #include <string_view>
 
-#include "core/Host.h"
+#include "core/host/Host.h"
 
 namespace zv {
 

@@ -1,4 +1,4 @@
-#include "core/Crc32.h"
+#include "core/records/Crc32.h"
 
 #include <array>
 

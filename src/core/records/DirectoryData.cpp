@@ -1,13 +1,13 @@
-#include "core/DirectoryData.h"
+#include "core/records/DirectoryData.h"
 
 #include <array>
 
-#include "core/ClusterRounding.h"
-#include "core/Crc32.h"
-#include "core/NameCrc.h"
-#include "core/OwnerPool.h"
-#include "core/RecordPath.h"
-#include "core/RecordServices.h"
+#include "core/records/ClusterRounding.h"
+#include "core/records/Crc32.h"
+#include "core/records/NameCrc.h"
+#include "core/records/OwnerPool.h"
+#include "core/records/RecordPath.h"
+#include "core/records/RecordServices.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 

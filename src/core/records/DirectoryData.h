@@ -6,9 +6,9 @@
 #include <string_view>
 #include <vector>
 
-#include "core/FileData.h"
-#include "core/PtrArray.h"
-#include "core/RecordName.h"
+#include "core/records/FileData.h"
+#include "core/records/PtrArray.h"
+#include "core/records/RecordName.h"
 #include "platform/FileTime.h"
 
 namespace zv {

@@ -1,4 +1,4 @@
-#include "core/DriveList.h"
+#include "core/records/DriveList.h"
 
 #include "platform/Text.h"
 

@@ -1,15 +1,15 @@
-#include "core/FileData.h"
+#include "core/records/FileData.h"
 
 #include <cmath>
 #include <cstdio>
 
-#include "core/ClusterRounding.h"
-#include "core/Crc32.h"
-#include "core/DirectoryData.h"
-#include "core/NameCrc.h"
-#include "core/OwnerPool.h"
-#include "core/RecordPath.h"
-#include "core/RecordServices.h"
+#include "core/records/ClusterRounding.h"
+#include "core/records/Crc32.h"
+#include "core/records/DirectoryData.h"
+#include "core/records/NameCrc.h"
+#include "core/records/OwnerPool.h"
+#include "core/records/RecordPath.h"
+#include "core/records/RecordServices.h"
 #include "platform/FileSystem.h"
 
 namespace zv {

@@ -6,7 +6,7 @@
 #include <string_view>
 #include <vector>
 
-#include "core/RecordName.h"
+#include "core/records/RecordName.h"
 #include "platform/FileTime.h"
 
 namespace zv {

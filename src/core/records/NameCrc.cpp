@@ -1,8 +1,8 @@
-#include "core/NameCrc.h"
+#include "core/records/NameCrc.h"
 
 #include <vector>
 
-#include "core/Crc32.h"
+#include "core/records/Crc32.h"
 #include "platform/Text.h"
 
 namespace zv {

@@ -1,4 +1,4 @@
-#include "core/OwnerNameCache.h"
+#include "core/records/OwnerNameCache.h"
 
 #include <cstring>
 

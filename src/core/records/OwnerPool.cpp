@@ -1,4 +1,4 @@
-#include "core/OwnerPool.h"
+#include "core/records/OwnerPool.h"
 
 #include <memory>
 #include <vector>

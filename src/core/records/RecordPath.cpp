@@ -1,4 +1,4 @@
-#include "core/RecordPath.h"
+#include "core/records/RecordPath.h"
 
 #include "platform/FileSystem.h"
 

@@ -1,8 +1,8 @@
-#include "core/RecordServices.h"
+#include "core/records/RecordServices.h"
 
-#include "core/Crc32.h"
-#include "core/FileData.h"
-#include "core/OwnerPool.h"
+#include "core/records/Crc32.h"
+#include "core/records/FileData.h"
+#include "core/records/OwnerPool.h"
 #include "platform/FileSystem.h"
 
 namespace zv {

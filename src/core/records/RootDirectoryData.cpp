@@ -1,5 +1,5 @@
-#include "core/DirectoryData.h"
-#include "core/DriveList.h"
+#include "core/records/DirectoryData.h"
+#include "core/records/DriveList.h"
 #include "platform/FileSystem.h"
 
 namespace zv {

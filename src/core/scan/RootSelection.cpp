@@ -1,11 +1,11 @@
-#include "core/RootSelection.h"
+#include "core/scan/RootSelection.h"
 
 #include <algorithm>
 
-#include "core/Document.h"
-#include "core/Host.h"
-#include "core/RememberedLists.h"
-#include "core/Scanner.h"
+#include "core/document/Document.h"
+#include "core/host/Host.h"
+#include "core/state/RememberedLists.h"
+#include "core/scan/Scanner.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 

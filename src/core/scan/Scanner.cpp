@@ -1,13 +1,13 @@
-#include "core/Scanner.h"
+#include "core/scan/Scanner.h"
 
 #include <ctime>
 #include <new>
 
-#include "core/Document.h"
-#include "core/Host.h"
-#include "core/ProgressDialog.h"
-#include "core/RecordPath.h"
-#include "core/SortCodes.h"
+#include "core/document/Document.h"
+#include "core/host/Host.h"
+#include "core/host/ProgressDialog.h"
+#include "core/records/RecordPath.h"
+#include "core/document/SortCodes.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 

@@ -7,7 +7,7 @@
 #include <string>
 #include <vector>
 
-#include "core/ScanHooks.h"
+#include "core/scan/ScanHooks.h"
 
 namespace zv {
 

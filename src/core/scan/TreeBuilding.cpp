@@ -1,11 +1,11 @@
-#include "core/TreeBuilding.h"
+#include "core/scan/TreeBuilding.h"
 
 #include <algorithm>
 #include <unordered_set>
 
-#include "core/Document.h"
-#include "core/Host.h"
-#include "core/ScanHooks.h"
+#include "core/document/Document.h"
+#include "core/host/Host.h"
+#include "core/scan/ScanHooks.h"
 
 namespace zv {
 namespace {

@@ -1,9 +1,9 @@
-#include "core/SettingsConflicts.h"
+#include "core/settings/SettingsConflicts.h"
 
 #include <string>
 
-#include "core/FilterSet.h"
-#include "core/Host.h"
+#include "core/document/FilterSet.h"
+#include "core/host/Host.h"
 
 namespace zv {
 

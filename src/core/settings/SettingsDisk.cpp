@@ -1,8 +1,8 @@
-#include "core/SettingsDisk.h"
+#include "core/settings/SettingsDisk.h"
 
-#include "core/Document.h"
-#include "core/DupFilterRecords.h"
-#include "core/Scanner.h"
+#include "core/document/Document.h"
+#include "core/document/DupFilterRecords.h"
+#include "core/scan/Scanner.h"
 #include "platform/FileSystem.h"
 
 namespace zv {

@@ -2,8 +2,8 @@
 // "[FILTER OTHER]".
 #include <span>
 
-#include "core/SettingsSections.h"
-#include "core/SettingsValues.h"
+#include "core/settings/SettingsSections.h"
+#include "core/settings/SettingsValues.h"
 #include "platform/FileTime.h"
 #include "platform/Text.h"
 

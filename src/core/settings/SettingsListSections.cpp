@@ -1,9 +1,9 @@
 // Sections of one entry a line: the roots, the filter lists, and the one
 // line of the compare mode.
-#include "core/Document.h"
-#include "core/SettingsDisk.h"
-#include "core/SettingsSections.h"
-#include "core/SettingsWords.h"
+#include "core/document/Document.h"
+#include "core/settings/SettingsDisk.h"
+#include "core/settings/SettingsSections.h"
+#include "core/settings/SettingsWords.h"
 
 namespace zv {
 namespace {

@@ -1,9 +1,9 @@
 // Sections of the document's options: scan, display, analyses, checksums
 // and the diff program.
-#include "core/DocumentOptions.h"
-#include "core/SettingsSections.h"
-#include "core/SettingsValues.h"
-#include "core/SettingsWords.h"
+#include "core/document/DocumentOptions.h"
+#include "core/settings/SettingsSections.h"
+#include "core/settings/SettingsValues.h"
+#include "core/settings/SettingsWords.h"
 
 namespace zv {
 namespace {

@@ -1,9 +1,9 @@
 // Sections of the report settings: the Auto Print blocks, the print font,
 // widths, margins and print flags.
-#include "core/PrintSettings.h"
-#include "core/SettingsSections.h"
-#include "core/SettingsValues.h"
-#include "core/SettingsWords.h"
+#include "core/document/PrintSettings.h"
+#include "core/settings/SettingsSections.h"
+#include "core/settings/SettingsValues.h"
+#include "core/settings/SettingsWords.h"
 
 namespace zv {
 namespace {

@@ -1,7 +1,7 @@
-#include "core/SettingsSection.h"
+#include "core/settings/SettingsSection.h"
 
-#include "core/SettingsValues.h"
-#include "core/SettingsWords.h"
+#include "core/settings/SettingsValues.h"
+#include "core/settings/SettingsWords.h"
 #include "platform/Text.h"
 
 namespace zv {

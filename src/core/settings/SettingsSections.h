@@ -2,8 +2,8 @@
 // SettingsFile.cpp puts them in the order of writing.
 #pragma once
 
-#include "core/FilterSet.h"
-#include "core/SettingsSection.h"
+#include "core/document/FilterSet.h"
+#include "core/settings/SettingsSection.h"
 
 namespace zv {
 

@@ -1,4 +1,4 @@
-#include "core/SettingsText.h"
+#include "core/settings/SettingsText.h"
 
 #include "platform/Text.h"
 

@@ -1,4 +1,4 @@
-#include "core/SettingsValues.h"
+#include "core/settings/SettingsValues.h"
 
 #include <charconv>
 #include <limits>

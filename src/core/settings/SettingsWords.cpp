@@ -1,4 +1,4 @@
-#include "core/SettingsWords.h"
+#include "core/settings/SettingsWords.h"
 
 #include <span>
 

@@ -1,4 +1,4 @@
-#include "core/TextFile.h"
+#include "core/settings/TextFile.h"
 
 #include "platform/Text.h"
 

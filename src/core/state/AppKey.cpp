@@ -1,10 +1,10 @@
-#include "core/AppKey.h"
+#include "core/state/AppKey.h"
 
 #include <string_view>
 
-#include "core/Hints.h"
-#include "core/Host.h"
-#include "core/RememberedLists.h"
+#include "core/state/Hints.h"
+#include "core/host/Host.h"
+#include "core/state/RememberedLists.h"
 
 namespace zv {
 namespace {

@@ -1,10 +1,10 @@
-#include "core/Hints.h"
+#include "core/state/Hints.h"
 
 #include <set>
 #include <string>
 
-#include "core/AppKey.h"
-#include "core/Host.h"
+#include "core/state/AppKey.h"
+#include "core/host/Host.h"
 
 namespace zv {
 namespace {

@@ -1,7 +1,7 @@
-#include "core/RememberedLists.h"
+#include "core/state/RememberedLists.h"
 
-#include "core/AppKey.h"
-#include "core/Document.h"
+#include "core/state/AppKey.h"
+#include "core/document/Document.h"
 #include "platform/Text.h"
 
 namespace zv {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "core/Document.h"
-#include "core/SizeText.h"
+#include "core/document/Document.h"
+#include "core/document/SizeText.h"
 
 namespace zv {
 namespace {

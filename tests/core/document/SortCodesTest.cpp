@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "core/RecordTestSupport.h"
-#include "core/SortCodes.h"
+#include "core/records/RecordTestSupport.h"
+#include "core/document/SortCodes.h"
 
 namespace zv {
 namespace {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/Host.h"
+#include "core/host/Host.h"
 
 namespace zv::test {
 

@@ -5,11 +5,11 @@
 
 #include <stdexcept>
 
-#include "core/Crc32.h"
-#include "core/DirectoryData.h"
-#include "core/DriveList.h"
-#include "core/NameCrc.h"
-#include "core/RecordTestSupport.h"
+#include "core/records/Crc32.h"
+#include "core/records/DirectoryData.h"
+#include "core/records/DriveList.h"
+#include "core/records/NameCrc.h"
+#include "core/records/RecordTestSupport.h"
 #include "platform/Text.h"
 #include "support/TempDir.h"
 

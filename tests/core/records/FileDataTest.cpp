@@ -4,12 +4,12 @@
 
 #include <optional>
 
-#include "core/ClusterRounding.h"
-#include "core/Crc32.h"
-#include "core/DirectoryData.h"
-#include "core/FileData.h"
-#include "core/OwnerPool.h"
-#include "core/RecordTestSupport.h"
+#include "core/records/ClusterRounding.h"
+#include "core/records/Crc32.h"
+#include "core/records/DirectoryData.h"
+#include "core/records/FileData.h"
+#include "core/records/OwnerPool.h"
+#include "core/records/RecordTestSupport.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 #include "support/TempDir.h"

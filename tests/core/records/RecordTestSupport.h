@@ -6,8 +6,8 @@
 #include <memory>
 #include <string>
 
-#include "core/DirectoryData.h"
-#include "core/RecordServices.h"
+#include "core/records/DirectoryData.h"
+#include "core/records/RecordServices.h"
 #include "platform/FileSystem.h"
 
 namespace zv::test {

@@ -4,11 +4,11 @@
 
 #include <filesystem>
 
-#include "MemoryUserStore.h"
-#include "ScriptedHost.h"
-#include "core/Document.h"
-#include "core/RememberedLists.h"
-#include "core/RootSelection.h"
+#include "core/state/MemoryUserStore.h"
+#include "core/host/ScriptedHost.h"
+#include "core/document/Document.h"
+#include "core/state/RememberedLists.h"
+#include "core/scan/RootSelection.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 #include "support/TempDir.h"

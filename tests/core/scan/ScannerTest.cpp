@@ -6,10 +6,10 @@
 #include <fstream>
 #include <functional>
 
-#include "core/Document.h"
-#include "core/Host.h"
-#include "core/Scanner.h"
-#include "core/SortCodes.h"
+#include "core/document/Document.h"
+#include "core/host/Host.h"
+#include "core/scan/Scanner.h"
+#include "core/document/SortCodes.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 #include "support/TempDir.h"

@@ -5,13 +5,13 @@
 
 #include <filesystem>
 
-#include "ScriptedHost.h"
-#include "core/Document.h"
-#include "core/DocumentStartup.h"
-#include "core/SettingsDisk.h"
-#include "core/SettingsFile.h"
-#include "core/SettingsText.h"
-#include "core/TextFile.h"
+#include "core/host/ScriptedHost.h"
+#include "core/document/Document.h"
+#include "core/document/DocumentStartup.h"
+#include "core/settings/SettingsDisk.h"
+#include "core/settings/SettingsFile.h"
+#include "core/settings/SettingsText.h"
+#include "core/settings/TextFile.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 #include "support/TempDir.h"

@@ -7,10 +7,10 @@
 #include <cmath>
 #include <limits>
 
-#include "core/SettingsText.h"
-#include "core/SettingsValues.h"
-#include "core/SettingsWords.h"
-#include "core/TextFile.h"
+#include "core/settings/SettingsText.h"
+#include "core/settings/SettingsValues.h"
+#include "core/settings/SettingsWords.h"
+#include "core/settings/TextFile.h"
 #include "platform/Text.h"
 
 namespace zv {

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "core/AppKey.h"
+#include "core/state/AppKey.h"
 #include "platform/UserStoreText.h"
 
 namespace zv::test {

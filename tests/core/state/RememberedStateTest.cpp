@@ -3,12 +3,12 @@
 // gaps, deleting, the order in which a scan saves, and the hint values.
 #include <gtest/gtest.h>
 
-#include "MemoryUserStore.h"
-#include "ScriptedHost.h"
-#include "core/AppKey.h"
-#include "core/Document.h"
-#include "core/Hints.h"
-#include "core/RememberedLists.h"
+#include "core/state/MemoryUserStore.h"
+#include "core/host/ScriptedHost.h"
+#include "core/state/AppKey.h"
+#include "core/document/Document.h"
+#include "core/state/Hints.h"
+#include "core/state/RememberedLists.h"
 #include "platform/Text.h"
 
 namespace zv {
