@@ -4,7 +4,7 @@
 
 #include "app/ConsoleHost.h"
 #include "core/document/Document.h"
-#include "core/document/DocumentStartup.h"
+#include "core/settings/DocumentStartup.h"
 #include "core/settings/SettingsFile.h"
 #include "platform/Text.h"
 

@@ -7,7 +7,7 @@
 
 #include "core/host/ScriptedHost.h"
 #include "core/document/Document.h"
-#include "core/document/DocumentStartup.h"
+#include "core/settings/DocumentStartup.h"
 #include "core/settings/SettingsDisk.h"
 #include "core/settings/SettingsFile.h"
 #include "core/settings/SettingsText.h"

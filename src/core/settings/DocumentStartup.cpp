@@ -1,4 +1,4 @@
-#include "core/document/DocumentStartup.h"
+#include "core/settings/DocumentStartup.h"
 
 #include "core/document/Document.h"
 #include "core/settings/SettingsFile.h"
