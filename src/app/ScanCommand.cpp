@@ -1,111 +1,24 @@
 #include "app/ScanCommand.h"
 
-#include <chrono>
 #include <cstdio>
 
-#include "app/ConsoleHost.h"
-#include "app/ProgramScanSteps.h"
-#include "app/ProgramServices.h"
+#include "app/CommandScan.h"
 #include "app/ScanSummary.h"
-#include "app/SettingsCommand.h"
-#include "core/document/Document.h"
-#include "core/scan/Scanner.h"
-#include "filters/ScanFilter.h"
-#include "platform/Console.h"
-#include "platform/FileSystem.h"
-#include "platform/Text.h"
 
 namespace zv {
 
-namespace {
-
-void AddEntries(CFilterSet& filters, EFilterList eList, const std::vector<std::string>& aTexts) {
-    for (const std::string& strText : aTexts)
-        filters.AddEntry(eList, platform::Utf8ToUtf16(strText));
-}
-
-void SetDate(CDateFilter& date, const std::optional<FILETIME>& ftValue) {
-    if (!ftValue) return;
-    date.m_bAbsolute = 1;
-    date.m_ftAbsolute = *ftValue;
-}
-
-// The command's filter options fill the same lists the dialogs and the
-// settings file fill; patterns are kept upper-cased beside the text.
-void ApplyFilterOptions(const CScanCommandOptions& options, CFilterSet& filters) {
-    AddEntries(filters, FilterFileNames, options.m_aNames);
-    AddEntries(filters, FilterFileNamesExclude, options.m_aExcludeNames);
-    AddEntries(filters, FilterFullPathExclude, options.m_aExcludePaths);
-    AddEntries(filters, FilterDir, options.m_aDirs);
-    AddEntries(filters, FilterDirExclude, options.m_aExcludeDirs);
-    AddEntries(filters, FilterOwners, options.m_aOwners);
-    AddEntries(filters, FilterOwnersExclude, options.m_aExcludeOwners);
-    if (options.m_dMinSize) {
-        filters.m_bMinSize = 1;
-        filters.m_dMinSize = *options.m_dMinSize;
-    }
-    if (options.m_dMaxSize) {
-        filters.m_bMaxSize = 1;
-        filters.m_dMaxSize = *options.m_dMaxSize;
-    }
-    SetDate(filters.m_aDates[ModifiedAfter], options.m_ftModifiedAfter);
-    SetDate(filters.m_aDates[ModifiedBefore], options.m_ftModifiedBefore);
-}
-
-}  // namespace
-
 int RunScanCommand(const CScanCommandOptions& options) {
-    platform::PrepareConsoleProcess();
-    CConsoleHost host;
-    CProgramServices services;
-    SetHost(&host);
-    CWZorvaneDoc doc;
-    SetMainDocument(&doc);
-
-    const bool bSettingsRead = OpenDocumentWithSettings(doc, options.m_strSettingsFile);
-    int nStatus = bSettingsRead ? 0 : 2;
-    for (const std::string& strRoot : options.m_aRoots) {
-        if (!bSettingsRead) break;
-        const std::u16string strPath = platform::Utf8ToUtf16(strRoot);
-        const uint32_t uAttributes = platform::GetFileAttributes(strPath);
-        if (uAttributes == ATTR_INVALID || !(uAttributes & ATTR_DIRECTORY)) {
-            std::fprintf(stderr, "zorvane-cli: not a directory: %s\n", strRoot.c_str());
-            nStatus = 2;
-            continue;
-        }
-        auto* pRoot = new CRootDirectoryData(strPath);
-        pRoot->Prepare(doc.m_scan.m_aDrives);
-        doc.m_scan.m_aRoots.Add(pRoot);
-    }
-    if (nStatus == 0 && doc.m_scan.m_aRoots.IsEmpty()) {
-        std::fprintf(stderr,
-                     "zorvane-cli: nothing to scan: give a ROOT, or a settings file with "
-                     "[SCAN DIRECTORIES]\n");
-        nStatus = 2;
-    }
-    if (nStatus == 0) {
-        // Options given on the command line win over the settings file.
-        if (options.m_nMaxDepth) doc.m_options.m_nMaxDepth = *options.m_nMaxDepth;
-        if (options.m_bNoSubdirs) doc.m_options.m_bScanSubdirs = 0;
-        ApplyFilterOptions(options, doc.m_filters);
-
-        CScanFilter filter(doc);
-        CProgramScanSteps steps;
-        CScanner scanner(doc, &filter, &steps);
-        const auto start = std::chrono::steady_clock::now();
-        scanner.Rescan();
-        const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
-        host.ClearLine();
-
-        const CScanSummary summary = SummarizeScan(doc, elapsed.count(), options.m_bList);
-        const std::string strOut =
-            options.m_bJson ? FormatSummaryJson(summary) : FormatSummaryText(summary);
-        std::fwrite(strOut.data(), 1, strOut.size(), stdout);
-        std::fflush(stdout);
-    }
-    SetMainDocument(nullptr);
-    SetHost(nullptr);
-    return nStatus;
+    CCommandScan command(options);
+    const int nStatus = command.Prepare();
+    if (nStatus != 0) return nStatus;
+    command.Scan();
+    const CScanSummary summary =
+        SummarizeScan(command.Doc(), command.ElapsedSeconds(), options.m_bList);
+    const std::string strOut =
+        options.m_bJson ? FormatSummaryJson(summary) : FormatSummaryText(summary);
+    std::fwrite(strOut.data(), 1, strOut.size(), stdout);
+    std::fflush(stdout);
+    return 0;
 }
 
 }  // namespace zv

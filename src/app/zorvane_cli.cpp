@@ -15,68 +15,6 @@ namespace {
 
 constexpr int kUsageError = 2;
 
-// Options that fill the filter lists: repeatable, patterns with '*' and '?'
-// compared without regard to case.
-void AddFilterOptions(CLI::App& command, zv::CScanCommandOptions& scan) {
-    struct CListOption {
-        const char* pszName;
-        std::vector<std::string>& aValues;
-        const char* pszType;
-        const char* pszHelp;
-    };
-    const CListOption aListOptions[] = {
-        {"--name", scan.m_aNames, "PATTERN", "Keep only files whose name matches PATTERN"},
-        {"--exclude-name", scan.m_aExcludeNames, "PATTERN",
-         "Leave out files whose name matches PATTERN"},
-        {"--exclude-path", scan.m_aExcludePaths, "PATH", "Leave out the file with this full path"},
-        {"--dir", scan.m_aDirs, "PATTERN",
-         "Keep files only in directories whose own name matches PATTERN (others are still "
-         "walked)"},
-        {"--exclude-dir", scan.m_aExcludeDirs, "PATTERN",
-         "Skip directories whose full path matches PATTERN, with all below them"},
-        {"--owner", scan.m_aOwners, "PATTERN", "Keep only files whose owner matches PATTERN"},
-        {"--exclude-owner", scan.m_aExcludeOwners, "PATTERN",
-         "Leave out files whose owner matches PATTERN"},
-    };
-    for (const CListOption& option : aListOptions) {
-        command.add_option(option.pszName, option.aValues, option.pszHelp)
-            ->type_name(option.pszType)
-            ->allow_extra_args(false);
-    }
-    command
-        .add_option_function<double>(
-            "--min-size", [&scan](double d) { scan.m_dMinSize = d; },
-            "Keep only files of at least BYTES")
-        ->type_name("BYTES")
-        ->check(CLI::NonNegativeNumber);
-    command
-        .add_option_function<double>(
-            "--max-size", [&scan](double d) { scan.m_dMaxSize = d; },
-            "Keep only files of at most BYTES")
-        ->type_name("BYTES")
-        ->check(CLI::NonNegativeNumber);
-    auto DateOption = [&command](const char* pszName, std::optional<zv::FILETIME>& ftValue,
-                                 const char* pszHelp) {
-        command
-            .add_option_function<std::string>(
-                pszName,
-                [&ftValue, pszName](const std::string& strText) {
-                    zv::FILETIME ft;
-                    if (!zv::ParseLocalDateArgument(strText, ft))
-                        throw CLI::ValidationError(
-                            pszName, "not a date (YYYY-MM-DD[THH:MM[:SS]]): " + strText);
-                    ftValue = ft;
-                },
-                pszHelp)
-            ->type_name("DATE");
-    };
-    DateOption("--modified-after", scan.m_ftModifiedAfter,
-               "Keep only files modified at or after DATE (YYYY-MM-DD or YYYY-MM-DDTHH:MM[:SS], "
-               "local time)");
-    DateOption("--modified-before", scan.m_ftModifiedBefore,
-               "Keep only files modified at or before DATE (same forms)");
-}
-
 }  // namespace
 
 int main(int argc, char** argv) {
@@ -96,24 +34,11 @@ int main(int argc, char** argv) {
     zv::CScanCommandOptions scan;
     CLI::App* pScan =
         app.add_subcommand("scan", "Scan directory trees and print a summary of what they hold.");
-    pScan->add_option("ROOT", scan.m_aRoots,
-                      "Directory to scan (one or more; added to those of --settings)");
-    pScan
-        ->add_option("--settings", scan.m_strSettingsFile,
-                     "Load this settings file first: its directories, filters and options; "
-                     "the other options then add to them or override them")
-        ->type_name("FILE");
-    pScan
-        ->add_option("--max-depth", scan.m_nMaxDepth,
-                     "Levels to read, roots being level 1; deeper directories are listed by "
-                     "name only (-1: no limit)")
-        ->check(CLI::Range(-1, 1 << 30));
-    pScan->add_flag("--no-subdirs", scan.m_bNoSubdirs, "List only the files of the roots");
+    zv::AddScanOptions(*pScan, scan);
     pScan->add_flag("--json", scan.m_bJson, "Print the summary as one JSON object");
     pScan->add_flag("--list", scan.m_bList,
                     "After the summary, print the full path of every file kept, one per line "
                     "(in JSON: the array files_list)");
-    AddFilterOptions(*pScan, scan);
 
     CLI::App* pSettings = app.add_subcommand("settings", "Work with settings files.");
     pSettings->require_subcommand(1);

@@ -1,0 +1,104 @@
+#include "app/CommandScan.h"
+
+#include <chrono>
+#include <cstdio>
+
+#include "app/ProgramScanSteps.h"
+#include "app/SettingsCommand.h"
+#include "core/scan/Scanner.h"
+#include "filters/ScanFilter.h"
+#include "platform/Console.h"
+#include "platform/FileSystem.h"
+#include "platform/Text.h"
+
+namespace zv {
+
+namespace {
+
+void AddEntries(CFilterSet& filters, EFilterList eList, const std::vector<std::string>& aTexts) {
+    for (const std::string& strText : aTexts)
+        filters.AddEntry(eList, platform::Utf8ToUtf16(strText));
+}
+
+void SetDate(CDateFilter& date, const std::optional<FILETIME>& ftValue) {
+    if (!ftValue) return;
+    date.m_bAbsolute = 1;
+    date.m_ftAbsolute = *ftValue;
+}
+
+// The command's filter options fill the same lists the dialogs and the
+// settings file fill; patterns are kept upper-cased beside the text.
+void ApplyFilterOptions(const CScanCommandOptions& options, CFilterSet& filters) {
+    AddEntries(filters, FilterFileNames, options.m_aNames);
+    AddEntries(filters, FilterFileNamesExclude, options.m_aExcludeNames);
+    AddEntries(filters, FilterFullPathExclude, options.m_aExcludePaths);
+    AddEntries(filters, FilterDir, options.m_aDirs);
+    AddEntries(filters, FilterDirExclude, options.m_aExcludeDirs);
+    AddEntries(filters, FilterOwners, options.m_aOwners);
+    AddEntries(filters, FilterOwnersExclude, options.m_aExcludeOwners);
+    if (options.m_dMinSize) {
+        filters.m_bMinSize = 1;
+        filters.m_dMinSize = *options.m_dMinSize;
+    }
+    if (options.m_dMaxSize) {
+        filters.m_bMaxSize = 1;
+        filters.m_dMaxSize = *options.m_dMaxSize;
+    }
+    SetDate(filters.m_aDates[ModifiedAfter], options.m_ftModifiedAfter);
+    SetDate(filters.m_aDates[ModifiedBefore], options.m_ftModifiedBefore);
+}
+
+}  // namespace
+
+CCommandScan::CCommandScan(const CScanCommandOptions& options) : m_options(options) {
+    platform::PrepareConsoleProcess();
+    SetHost(&m_host);
+    SetMainDocument(&m_doc);
+}
+
+CCommandScan::~CCommandScan() {
+    SetMainDocument(nullptr);
+    SetHost(nullptr);
+}
+
+int CCommandScan::Prepare() {
+    if (!OpenDocumentWithSettings(m_doc, m_options.m_strSettingsFile)) return 2;
+    int nStatus = 0;
+    for (const std::string& strRoot : m_options.m_aRoots) {
+        const std::u16string strPath = platform::Utf8ToUtf16(strRoot);
+        const uint32_t uAttributes = platform::GetFileAttributes(strPath);
+        if (uAttributes == ATTR_INVALID || !(uAttributes & ATTR_DIRECTORY)) {
+            std::fprintf(stderr, "zorvane-cli: not a directory: %s\n", strRoot.c_str());
+            nStatus = 2;
+            continue;
+        }
+        auto* pRoot = new CRootDirectoryData(strPath);
+        pRoot->Prepare(m_doc.m_scan.m_aDrives);
+        m_doc.m_scan.m_aRoots.Add(pRoot);
+    }
+    if (nStatus == 0 && m_doc.m_scan.m_aRoots.IsEmpty()) {
+        std::fprintf(stderr,
+                     "zorvane-cli: nothing to scan: give a ROOT, or a settings file with "
+                     "[SCAN DIRECTORIES]\n");
+        nStatus = 2;
+    }
+    if (nStatus != 0) return nStatus;
+    // Options given on the command line win over the settings file.
+    if (m_options.m_nMaxDepth) m_doc.m_options.m_nMaxDepth = *m_options.m_nMaxDepth;
+    if (m_options.m_bNoSubdirs) m_doc.m_options.m_bScanSubdirs = 0;
+    ApplyFilterOptions(m_options, m_doc.m_filters);
+    return 0;
+}
+
+void CCommandScan::Scan(IScanSteps* pSteps) {
+    CScanFilter filter(m_doc);
+    CProgramScanSteps steps;
+    CScanner scanner(m_doc, &filter, pSteps ? pSteps : &steps);
+    const auto start = std::chrono::steady_clock::now();
+    scanner.Rescan();
+    const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
+    m_dElapsedSeconds = elapsed.count();
+    m_host.ClearLine();
+}
+
+}  // namespace zv

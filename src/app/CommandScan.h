@@ -1,0 +1,44 @@
+// What every scanning command does before its own work: installs the console
+// host, the program's engines and a main document, loads the settings file,
+// adds the roots and filter options, and scans. `scan` prints a summary of
+// the result; other commands report on it or search it.
+#pragma once
+
+#include <memory>
+
+#include "app/ConsoleHost.h"
+#include "app/ProgramServices.h"
+#include "app/ScanOptions.h"
+#include "core/document/Document.h"
+
+namespace zv {
+
+class IScanSteps;
+
+class CCommandScan {
+public:
+    explicit CCommandScan(const CScanCommandOptions& options);
+    ~CCommandScan();
+    CCommandScan(const CCommandScan&) = delete;
+    CCommandScan& operator=(const CCommandScan&) = delete;
+
+    // Loads the settings file and adds the roots and options. Returns the
+    // exit status so far: 0, or 2 when the settings file cannot be read, a
+    // root is not a directory or there is nothing to scan (said on stderr).
+    int Prepare();
+    // Scans with the command line's after-scan steps, or with pSteps.
+    void Scan(IScanSteps* pSteps = nullptr);
+
+    CWZorvaneDoc& Doc() { return m_doc; }
+    CConsoleHost& Host() { return m_host; }
+    double ElapsedSeconds() const { return m_dElapsedSeconds; }
+
+private:
+    const CScanCommandOptions& m_options;
+    CConsoleHost m_host;
+    CProgramServices m_services;
+    CWZorvaneDoc m_doc;
+    double m_dElapsedSeconds = 0;
+};
+
+}  // namespace zv
