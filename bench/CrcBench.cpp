@@ -53,6 +53,7 @@ void Sizes(benchmark::internal::Benchmark* pBenchmark) {
 }
 
 BENCHMARK_CAPTURE(BM_Zorvane, auto, zv::ECrc32Path::Auto) -> Apply(Sizes);
+BENCHMARK_CAPTURE(BM_Zorvane, vpclmul512, zv::ECrc32Path::Vpclmul512)->Apply(Sizes);
 BENCHMARK_CAPTURE(BM_Zorvane, vpclmul, zv::ECrc32Path::Vpclmul)->Apply(Sizes);
 BENCHMARK_CAPTURE(BM_Zorvane, clmul, zv::ECrc32Path::Clmul)->Apply(Sizes);
 BENCHMARK_CAPTURE(BM_Zorvane, slicing16, zv::ECrc32Path::Slicing)->Apply(Sizes);

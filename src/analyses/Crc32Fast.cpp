@@ -30,15 +30,20 @@ UpdateFn FunctionOf(ECrc32Path ePath) {
             static const bool s_bHas = crc32_kernels::CpuHasVpclmul();
             return s_bHas ? crc32_kernels::UpdateVpclmul : nullptr;
         }
+        case ECrc32Path::Vpclmul512: {
+            static const bool s_bHas = crc32_kernels::CpuHasVpclmul512();
+            return s_bHas ? crc32_kernels::UpdateVpclmul512 : nullptr;
+        }
 #else
         case ECrc32Path::Clmul:
         case ECrc32Path::Vpclmul:
+        case ECrc32Path::Vpclmul512:
             return nullptr;
 #endif
         case ECrc32Path::Auto:
             break;
     }
-    for (ECrc32Path ePath : {ECrc32Path::Vpclmul, ECrc32Path::Clmul})
+    for (ECrc32Path ePath : {ECrc32Path::Vpclmul512, ECrc32Path::Vpclmul, ECrc32Path::Clmul})
         if (const UpdateFn pFn = FunctionOf(ePath)) return pFn;
     return crc32_kernels::UpdateSlicing;
 }
@@ -88,6 +93,7 @@ ECrc32Path GetCrc32Path() {
     if (pFn == crc32_kernels::UpdateSlicing) return ECrc32Path::Slicing;
 #ifdef ZV_CRC32_HAVE_CLMUL
     if (pFn == crc32_kernels::UpdateVpclmul) return ECrc32Path::Vpclmul;
+    if (pFn == crc32_kernels::UpdateVpclmul512) return ECrc32Path::Vpclmul512;
 #endif
     return ECrc32Path::Clmul;
 }

@@ -9,11 +9,12 @@
 namespace zv {
 
 enum class ECrc32Path {
-    Auto,     // the fastest path the processor has
-    Table,    // one table lookup per byte (the reference form)
-    Slicing,  // sixteen bytes per step through sixteen tables; runs anywhere
-    Clmul,    // carry-less multiplication folding, 128 bits wide (x86-64, PCLMULQDQ)
-    Vpclmul,  // the same 256 bits wide (x86-64, VPCLMULQDQ with AVX2)
+    Auto,        // the fastest path the processor has
+    Table,       // one table lookup per byte (the reference form)
+    Slicing,     // sixteen bytes per step through sixteen tables; runs anywhere
+    Clmul,       // carry-less multiplication folding, 128 bits wide (x86-64, PCLMULQDQ)
+    Vpclmul,     // the same 256 bits wide (x86-64, VPCLMULQDQ with AVX2)
+    Vpclmul512,  // the same 512 bits wide (x86-64, VPCLMULQDQ with AVX-512F)
 };
 
 // Runs bytes through the register like Crc32Update: no init, no final step.

@@ -23,6 +23,11 @@ uint32_t UpdateClmul(uint32_t uRegister, const unsigned char* p, size_t n);
 bool CpuHasVpclmul();
 // Needs CpuHasVpclmul(); short buffers go to UpdateClmul.
 uint32_t UpdateVpclmul(uint32_t uRegister, const unsigned char* p, size_t n);
+// Whether the processor has VPCLMULQDQ with AVX-512F and the system keeps
+// the zmm and mask registers.
+bool CpuHasVpclmul512();
+// Needs CpuHasVpclmul512(); short buffers go to UpdateClmul.
+uint32_t UpdateVpclmul512(uint32_t uRegister, const unsigned char* p, size_t n);
 #endif
 
 }  // namespace zv::crc32_kernels
