@@ -106,6 +106,12 @@ TEST(LargestOffer, FullListRefusesAnEqualNewcomerAndOffSwitchRefusesAll) {
     EXPECT_EQ(doc.m_results.m_aLargestFiles.size(), 1u);
 }
 
+std::string Named(char chFirst, int n) {
+    std::string strName(1, chFirst);
+    strName += std::to_string(n);
+    return strName;
+}
+
 // A generated tree, scanned: the lists against a walk of the disk.
 class LargestScanTest : public ::testing::TestWithParam<int> {
 protected:
@@ -115,11 +121,11 @@ protected:
         std::vector<fs::path> aDirs{m_temp.Path()};
         for (int i = 0; i < 12; ++i) {
             const fs::path parent = aDirs[rng() % aDirs.size()];
-            aDirs.push_back(parent / ("d" + std::to_string(i)));
+            aDirs.push_back(parent / Named('d', i));
             fs::create_directory(aDirs.back());
         }
         for (int i = 0; i < 60; ++i)
-            m_temp.WriteFile(aDirs[rng() % aDirs.size()] / ("f" + std::to_string(i)),
+            m_temp.WriteFile(aDirs[rng() % aDirs.size()] / Named('f', i),
                              std::string(rng() % 6 * 100, 'x'));
     }
     void TearDown() override { SetHost(nullptr); }
