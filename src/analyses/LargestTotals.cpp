@@ -47,8 +47,8 @@ void ComputeOverAllFiles(CWZorvaneDoc& doc, const std::u16string& strTitle,
     const size_t nTotal = aFiles.GetSize();
     for (size_t i = 0; i < nTotal; ++i) {
         if (tracker.Update(double(i + 1), double(nTotal))) {
-            const std::u16string strText = strTitle + u" %" + Number(tracker.GetPercent()) +
-                                           u"  " + Number(i + 1) + u"/" + Number(nTotal);
+            const std::u16string strText = strTitle + u" %" + Number(tracker.GetPercent()) + u"  " +
+                                           Number(i + 1) + u"/" + Number(nTotal);
             progress.SetTextAndPercent(strText.c_str(), tracker.GetPercent());
             if (progress.IsStopped()) break;
         }
@@ -77,7 +77,9 @@ void AddTypeTotals(CWZorvaneDoc& doc, CFileData& file) {
 
 void SortTotals(CTotalTable& aTable, int nSortCode) {
     using Entry = std::unique_ptr<CTotalEntry>;
-    const auto Sort = [&aTable](auto less) { std::stable_sort(aTable.begin(), aTable.end(), less); };
+    const auto Sort = [&aTable](auto less) {
+        std::stable_sort(aTable.begin(), aTable.end(), less);
+    };
     switch (nSortCode) {
         case TotalSortNameAsc:
             Sort([](const Entry& a, const Entry& b) { return a->m_strKey < b->m_strKey; });

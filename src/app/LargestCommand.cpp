@@ -153,8 +153,9 @@ CLI::App* AddLargestCommand(CLI::App& app, CLargestCommandOptions& options) {
     pLargest->add_option("KIND", options.m_strKind, "files, dirs, owners or types")
         ->required()
         ->check(CLI::IsMember({"files", "dirs", "owners", "types"}));
-    pLargest->add_option("--count", options.m_nCount,
-                         "Keep the N largest (-1: all); owners and types: print the first N")
+    pLargest
+        ->add_option("--count", options.m_nCount,
+                     "Keep the N largest (-1: all); owners and types: print the first N")
         ->type_name("N")
         ->check(CLI::Range(-1, INT_MAX));
     pLargest->add_option("--format", options.m_strFormat, "text (the default) or json")

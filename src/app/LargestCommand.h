@@ -14,8 +14,8 @@ class App;
 namespace zv {
 
 struct CLargestCommandOptions {
-    std::string m_strKind;           // files, dirs, owners or types
-    std::optional<int> m_nCount;     // -1 no limit; the settings file's when not given
+    std::string m_strKind;        // files, dirs, owners or types
+    std::optional<int> m_nCount;  // -1 no limit; the settings file's when not given
     std::string m_strFormat = "text";
     CScanCommandOptions m_scan;
 };

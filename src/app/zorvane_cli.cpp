@@ -80,8 +80,8 @@ int main(int argc, char** argv) {
         return kUsageError;
     }
 
-    const bool bCommand = pScan->parsed() || pSettings->parsed() || pCrc->parsed() ||
-                          pLargest->parsed();
+    const bool bCommand =
+        pScan->parsed() || pSettings->parsed() || pCrc->parsed() || pLargest->parsed();
     if (!strSettingsFile.empty() && bCommand) {
         std::fprintf(stderr, "zorvane-cli: give either a settings file or a command\n\n%s",
                      app.help().c_str());

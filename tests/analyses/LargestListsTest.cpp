@@ -74,17 +74,17 @@ std::vector<double> RandomSizes(unsigned uSeed, size_t nCount) {
     return aSizes;
 }
 
-INSTANTIATE_TEST_SUITE_P(
-    Cases, LargestOfferTest,
-    ::testing::Values(COfferCase{"Empty", 3, {}},
-                      COfferCase{"OneKeepsTheFirstOfTheLargest", 1, {5, 9, 2, 9, 9}},
-                      COfferCase{"ZeroStillKeepsOne", 0, {5, 3, 9, 9, 1}},
-                      COfferCase{"EqualSizesAtTheCut", 3, {4, 7, 4, 4, 7, 4}},
-                      COfferCase{"LimitAboveTheCount", 10, {3, 1, 3, 2}},
-                      COfferCase{"NoLimit", -1, {3, 1, 3, 2, 8, 0, 3}},
-                      COfferCase{"RandomLimited", 17, RandomSizes(1, 400)},
-                      COfferCase{"RandomUnlimited", -1, RandomSizes(2, 400)}),
-    [](const auto& info) { return info.param.pszName; });
+INSTANTIATE_TEST_SUITE_P(Cases, LargestOfferTest,
+                         ::testing::Values(COfferCase{"Empty", 3, {}},
+                                           COfferCase{
+                                               "OneKeepsTheFirstOfTheLargest", 1, {5, 9, 2, 9, 9}},
+                                           COfferCase{"ZeroStillKeepsOne", 0, {5, 3, 9, 9, 1}},
+                                           COfferCase{"EqualSizesAtTheCut", 3, {4, 7, 4, 4, 7, 4}},
+                                           COfferCase{"LimitAboveTheCount", 10, {3, 1, 3, 2}},
+                                           COfferCase{"NoLimit", -1, {3, 1, 3, 2, 8, 0, 3}},
+                                           COfferCase{"RandomLimited", 17, RandomSizes(1, 400)},
+                                           COfferCase{"RandomUnlimited", -1, RandomSizes(2, 400)}),
+                         [](const auto& info) { return info.param.pszName; });
 
 TEST(LargestOffer, FullListRefusesAnEqualNewcomerAndOffSwitchRefusesAll) {
     CWZorvaneDoc doc;

@@ -32,7 +32,8 @@ using CCounts = std::map<std::u16string, CCount>;
 
 CCounts Counts(const CTotalTable& aTable) {
     CCounts counts;
-    for (const auto& pEntry : aTable) counts[pEntry->m_strKey] = {pEntry->m_nFiles, pEntry->m_dSize};
+    for (const auto& pEntry : aTable)
+        counts[pEntry->m_strKey] = {pEntry->m_nFiles, pEntry->m_dSize};
     return counts;
 }
 
