@@ -1,14 +1,15 @@
-// The steps around a scan as the command line runs them: the remembered
-// lists are saved, a checksum list is applied, and "Exit program after
-// printing" ends the process. Reports, duplicate searches and the tree
-// control join as those subsystems arrive.
+// The steps around a scan as the command line runs them: the largest lists
+// and total tables are filled, the remembered lists are saved, a checksum
+// list is applied, and "Exit program after printing" ends the process.
+// Reports, duplicate searches and the tree control join as those
+// subsystems arrive.
 #pragma once
 
-#include "core/scan/ScanHooks.h"
+#include "analyses/LargestScanSteps.h"
 
 namespace zv {
 
-class CProgramScanSteps : public IScanSteps {
+class CProgramScanSteps : public CLargestScanSteps {
 public:
     void SaveRemembered() override;
     void ApplyCrcList() override;

@@ -2,6 +2,7 @@
 
 #include "core/records/Crc32.h"
 #include "core/records/FileData.h"
+#include "core/records/OwnerNameCache.h"
 #include "core/records/OwnerPool.h"
 #include "platform/FileSystem.h"
 
@@ -42,8 +43,9 @@ void IRecordServices::ComputeCrcs(const std::vector<CFileData*>& aFiles) {
 }
 
 const std::u16string* IRecordServices::LookupOwner(const std::u16string& strPath) {
+    // Through the scan's owner caches: most files share a few owners.
     std::u16string strOwner;
-    if (!platform::LookupOwnerName(strPath, strOwner)) return nullptr;
+    if (!OwnerNames().GetOwnerName(strPath, strOwner)) return nullptr;
     return InternOwner(strOwner);
 }
 

@@ -1,0 +1,30 @@
+// `zorvane-cli largest files|dirs|owners|types`: scans, keeping only the
+// list or table asked for, and prints it largest first.
+#pragma once
+
+#include <optional>
+#include <string>
+
+#include "app/ScanOptions.h"
+
+namespace CLI {
+class App;
+}
+
+namespace zv {
+
+struct CLargestCommandOptions {
+    std::string m_strKind;        // files, dirs, owners or types
+    std::optional<int> m_nCount;  // -1 no limit; the settings file's when not given
+    std::string m_strFormat = "text";
+    CScanCommandOptions m_scan;
+};
+
+// Adds the `largest` command with its options to the program.
+CLI::App* AddLargestCommand(CLI::App& app, CLargestCommandOptions& options);
+
+// Exit status: 0, 1 when a directory could not be read or standard output
+// could not be written, 2 for bad usage, 130 when interrupted.
+int RunLargestCommand(const CLargestCommandOptions& options);
+
+}  // namespace zv
