@@ -70,7 +70,8 @@ int RunMetaCommand(const std::vector<std::string>& aUtf8Paths, bool bJson) {
         CFileData file(strPath, 0, {}, {}, {}, 0, nullptr, false, nullptr);
         MetadataValueList aValues, aMedia;
         ReadVersionMetadata(file, aValues);
-        ReadFileMetadata(file, aMedia);
+        // A reader that failed may have added values before it did: they do not count.
+        if (!ReadFileMetadata(file, aMedia)) aMedia.clear();
         aValues.insert(aValues.end(), aMedia.begin(), aMedia.end());
 
         if (bJson) {
