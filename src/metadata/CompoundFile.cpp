@@ -95,8 +95,10 @@ bool CCompoundFile::Open(IByteStream& file) {
     // The directory has no size of its own: its chain runs to the end.
     m_strDirectory.clear();
     uint32_t uSector = uFirstDirectory;
-    for (size_t nSteps = 0; uSector != kEndOfChain; ++nSteps) {
-        if (uSector >= m_aFat.size() || nSteps > m_aFat.size() || !ReadSector(uSector, strSector))
+    while (uSector != kEndOfChain) {
+        // A chain that visits sectors again would outgrow the file.
+        if (uSector >= m_aFat.size() || m_strDirectory.size() >= file.Size() ||
+            !ReadSector(uSector, strSector))
             return false;
         m_strDirectory += strSector;
         uSector = m_aFat[uSector];

@@ -110,19 +110,20 @@ public:
 
     bool IsOpen() const { return m_pArchive != nullptr; }
 
-    // A part by its name without the leading '/'.
+    // A part by its name without the leading '/'. Read in blocks, so that
+    // only bytes that are there take memory, whatever the header says.
     bool ReadPart(const std::string& strName, std::string& strBytes) const {
-        zip_stat_t stat;
         const zip_int64_t nIndex = zip_name_locate(m_pArchive, strName.c_str(), ZIP_FL_NOCASE);
-        if (nIndex < 0 || zip_stat_index(m_pArchive, zip_uint64_t(nIndex), 0, &stat) != 0 ||
-            !(stat.valid & ZIP_STAT_SIZE) || stat.size > kMaxPartSize)
-            return false;
+        if (nIndex < 0) return false;
         zip_file_t* pFile = zip_fopen_index(m_pArchive, zip_uint64_t(nIndex), 0);
         if (!pFile) return false;
-        strBytes.assign(size_t(stat.size), '\0');
-        const zip_int64_t nRead = zip_fread(pFile, strBytes.data(), stat.size);
+        strBytes.clear();
+        char aBlock[16384];
+        zip_int64_t nRead = 0;
+        while (strBytes.size() <= kMaxPartSize && (nRead = zip_fread(pFile, aBlock, sizeof aBlock)) > 0)
+            strBytes.append(aBlock, size_t(nRead));
         zip_fclose(pFile);
-        return nRead == zip_int64_t(stat.size);
+        return nRead == 0 && strBytes.size() <= kMaxPartSize;
     }
 
     // The part a package relationship of the type leads to, when its

@@ -50,6 +50,7 @@ def main(argv):
 
     # Text form: "label: value" lines, a blank line between files.
     text = run(prefix, ["version.exe", "id3v1.mp3"], FIXTURES).stdout.decode("utf-8")
+    text = text.replace("\r\n", "\n")
     blocks = text.split("\n\n")
     if len(blocks) != 2 or "VER Version: 1.2.3.4" not in blocks[0].splitlines() or \
             "MP3 Genre: Rock" not in blocks[1].splitlines():

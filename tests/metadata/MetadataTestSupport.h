@@ -1,6 +1,7 @@
 // Fixtures and value lists for the metadata reader tests.
 #pragma once
 
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 #include <string>
@@ -22,7 +23,7 @@ inline std::u16string FixturePath(const char* pszName) {
 }
 
 inline std::string FixtureBytes(const char* pszName) {
-    std::ifstream in(std::string(ZV_FIXTURES_DIR) + "/" + pszName, std::ios::binary);
+    std::ifstream in(std::filesystem::path(FixturePath(pszName)), std::ios::binary);
     std::ostringstream out;
     out << in.rdbuf();
     return out.str();
