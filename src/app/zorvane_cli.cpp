@@ -139,7 +139,8 @@ int main(int argc, char** argv) {
 
     std::vector<std::string> aMetaPaths;
     bool bMetaJson = false;
-    CLI::App* pMeta = app.add_subcommand("meta", "Print the metadata values of files (version, MP3, WAV, AVI, Office, installer).");
+    CLI::App* pMeta = app.add_subcommand(
+        "meta", "Print the metadata values of files (version, MP3, WAV, AVI, Office, installer).");
     pMeta->add_option("FILE", aMetaPaths, "File (one or more)")->required();
     pMeta->add_flag("--json", bMetaJson, "An array of {path, fields} objects");
 
@@ -158,7 +159,8 @@ int main(int argc, char** argv) {
         return kUsageError;
     }
 
-    const bool bCommand = pScan->parsed() || pSettings->parsed() || pCrc->parsed() || pMeta->parsed();
+    const bool bCommand =
+        pScan->parsed() || pSettings->parsed() || pCrc->parsed() || pMeta->parsed();
     if (!strSettingsFile.empty() && bCommand) {
         std::fprintf(stderr, "zorvane-cli: give either a settings file or a command\n\n%s",
                      app.help().c_str());

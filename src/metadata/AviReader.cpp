@@ -24,12 +24,15 @@ uint16_t Le16(const unsigned char* p) { return uint16_t(p[0] | p[1] << 8); }
 
 bool ReadStarting(IByteStream& file, size_t uSize, const char* pszStart) {
     unsigned char aBytes[16];
-    return file.ReadExact(aBytes, uSize) && std::memcmp(aBytes, pszStart, std::strlen(pszStart)) == 0;
+    return file.ReadExact(aBytes, uSize) &&
+           std::memcmp(aBytes, pszStart, std::strlen(pszStart)) == 0;
 }
 
 std::u16string CompressionText(const unsigned char* pHandler) {
     const std::u16string strHandler = NarrowText(pHandler, 4);
-    const auto Is = [&strHandler](const char16_t* psz) { return platform::EqualsNoCase(strHandler, psz); };
+    const auto Is = [&strHandler](const char16_t* psz) {
+        return platform::EqualsNoCase(strHandler, psz);
+    };
     const auto Starts = [&strHandler](const char16_t* psz) {
         return platform::EqualsNoCase(strHandler.substr(0, 3), psz);
     };
@@ -48,8 +51,9 @@ std::u16string CompressionText(const unsigned char* pHandler) {
 // header of type "auds", then "strf" and the wave format.
 bool ReadAudioFormatAt(IByteStream& file, uint64_t uOffset, unsigned char* pFormat) {
     unsigned char aSize[4];
-    if (!file.Seek(uOffset) || !ReadStarting(file, 8, "LIST") || !ReadStarting(file, 8, "strlstrh") ||
-        !file.ReadExact(aSize, 4) || !ReadStarting(file, 4, "auds"))
+    if (!file.Seek(uOffset) || !ReadStarting(file, 8, "LIST") ||
+        !ReadStarting(file, 8, "strlstrh") || !file.ReadExact(aSize, 4) ||
+        !ReadStarting(file, 4, "auds"))
         return false;
     return file.Skip(int64_t(Le32(aSize)) - 4) && ReadStarting(file, 8, "strf") &&
            file.ReadExact(pFormat, 18);
@@ -91,11 +95,13 @@ bool ReadAviStream(IByteStream& file, MetadataValueList& aValues) {
     if (bAudio) {
         const uint16_t uChannels = Le16(aAudio + 2), uBits = Le16(aAudio + 14);
         AddValue(aValues, MetaAvi, kAudioFormat, WaveFormatName(Le16(aAudio)));
-        AddValue(aValues, MetaAvi, kAudioRate, FormatFixed(Le32(aAudio + 8) * 0.001, 3) + u" Kb/second");
+        AddValue(aValues, MetaAvi, kAudioRate,
+                 FormatFixed(Le32(aAudio + 8) * 0.001, 3) + u" Kb/second");
         AddValue(aValues, MetaAvi, kSampleRate, FormatFixed(Le32(aAudio + 4) * 0.001, 2) + u" kHz");
         AddValue(aValues, MetaAvi, kSampleSize, FormatText("%u bit", unsigned(uBits)));
-        AddValue(aValues, MetaAvi, kChannels,
-                 FormatText("%u", unsigned(uChannels)) + (uChannels == 1 ? u"(Mono)" : u"(Stereo)"));
+        AddValue(
+            aValues, MetaAvi, kChannels,
+            FormatText("%u", unsigned(uChannels)) + (uChannels == 1 ? u"(Mono)" : u"(Stereo)"));
     }
     return true;
 }

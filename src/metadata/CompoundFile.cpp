@@ -22,7 +22,8 @@ uint16_t Le16(const char* p) {
 }
 
 void AppendTable(const std::string& strSector, std::vector<uint32_t>& aTable) {
-    for (size_t n = 0; n + 4 <= strSector.size(); n += 4) aTable.push_back(Le32(strSector.data() + n));
+    for (size_t n = 0; n + 4 <= strSector.size(); n += 4)
+        aTable.push_back(Le32(strSector.data() + n));
 }
 
 }  // namespace
@@ -115,7 +116,8 @@ bool CCompoundFile::Open(IByteStream& file) {
     // The root entry's stream is the mini stream.
     const char* pRoot = m_strDirectory.data();
     const uint64_t uMiniSize = Le32(pRoot + 0x78);
-    if (uMiniSize && !ReadChain(Le32(pRoot + 0x74), uMiniSize, false, m_strMiniStream)) return false;
+    if (uMiniSize && !ReadChain(Le32(pRoot + 0x74), uMiniSize, false, m_strMiniStream))
+        return false;
     return true;
 }
 
@@ -154,12 +156,14 @@ bool CPropertySection::Parse(std::string_view stream, const unsigned char* pForm
         if (std::memcmp(pSet, pFormatId, 16) != 0) continue;
         m_uStart = Le32(pSet + 16);
         if (m_uStart > stream.size() || stream.size() - m_uStart < 8) return false;
-        m_uEnd = m_uStart + std::min<size_t>(Le32(stream.data() + m_uStart), stream.size() - m_uStart);
+        m_uEnd =
+            m_uStart + std::min<size_t>(Le32(stream.data() + m_uStart), stream.size() - m_uStart);
         m_uCount = Le32(stream.data() + m_uStart + 4);
         if (m_uCount > (m_uEnd - m_uStart) / 8) return false;
         uint32_t uType = 0;
         std::string_view value;
-        m_uCodePage = Find(1, uType, value) && uType == 2 && value.size() >= 2 ? Le16(value.data()) : 0;
+        m_uCodePage =
+            Find(1, uType, value) && uType == 2 && value.size() >= 2 ? Le16(value.data()) : 0;
         return true;
     }
     return false;

@@ -11,8 +11,8 @@
 namespace zv {
 namespace {
 
-constexpr int32_t kTitle = 32941, kArtist = 32942, kAlbum = 32943, kYear = 32944,
-                  kComment = 32945, kGenre = 32946, kTrack = 33024;
+constexpr int32_t kTitle = 32941, kArtist = 32942, kAlbum = 32943, kYear = 32944, kComment = 32945,
+                  kGenre = 32946, kTrack = 33024;
 
 void AddIfNew(MetadataValueList& aValues, int32_t nFieldId, std::u16string strValue) {
     if (!HasField(aValues, nFieldId)) AddValue(aValues, MetaMp3, nFieldId, std::move(strValue));
@@ -68,7 +68,8 @@ bool ReadId3v22(IByteStream& file, int64_t nRemaining, MetadataValueList& aValue
                 int64_t nNumber = 0;
                 for (char16_t c : strText) {
                     if (c == u')') break;
-                    if (c >= u'0' && c <= u'9') nNumber = std::min<int64_t>(nNumber * 10 + (c - u'0'), INT32_MAX);
+                    if (c >= u'0' && c <= u'9')
+                        nNumber = std::min<int64_t>(nNumber * 10 + (c - u'0'), INT32_MAX);
                 }
                 AddIfNew(aValues, kGenre, Mp3GenreText(unsigned(nNumber) & 0xFF));
             } else if (bTrack) {
@@ -106,13 +107,21 @@ bool ReadId3v23(IByteStream& file, int64_t nRemaining, bool bExtendedHeader,
         nRemaining -= 10;
         const uint32_t uSize = uint32_t(aHeader[4]) << 24 | uint32_t(aHeader[5]) << 16 |
                                uint32_t(aHeader[6]) << 8 | aHeader[7];
-        const auto Is = [&aHeader](const char* pszId) { return std::memcmp(aHeader, pszId, 4) == 0; };
-        if (Is("COMM")) bComment = true;
-        else if (Is("TPE1")) bArtist = true;
-        else if (Is("TALB")) bAlbum = true;
-        else if (Is("TYER")) bYear = true;
-        else if (Is("TCON")) bGenre = true;
-        else if (Is("TIT2") || Is("TRCK")) bTitleOrTrack = true;
+        const auto Is = [&aHeader](const char* pszId) {
+            return std::memcmp(aHeader, pszId, 4) == 0;
+        };
+        if (Is("COMM"))
+            bComment = true;
+        else if (Is("TPE1"))
+            bArtist = true;
+        else if (Is("TALB"))
+            bAlbum = true;
+        else if (Is("TYER"))
+            bYear = true;
+        else if (Is("TCON"))
+            bGenre = true;
+        else if (Is("TIT2") || Is("TRCK"))
+            bTitleOrTrack = true;
         if (uSize > nRemaining) return false;
 
         if (Is("TYER")) {
@@ -144,7 +153,10 @@ bool ReadId3v23(IByteStream& file, int64_t nRemaining, bool bExtendedHeader,
             if (!ReadValue(file, uSize, aBuffer)) return false;
             nRemaining -= uSize;
             // Genres stay as text: "(17)" is not looked up.
-            const int32_t nField = Is("TPE1") ? kArtist : Is("TALB") ? kAlbum : Is("TIT2") ? kTitle : kGenre;
+            const int32_t nField = Is("TPE1")   ? kArtist
+                                   : Is("TALB") ? kAlbum
+                                   : Is("TIT2") ? kTitle
+                                                : kGenre;
             AddIfNew(aValues, nField, FrameText(aBuffer, uSize));
         } else if (Is("TRCK")) {
             if (!ReadValue(file, uSize, aBuffer)) return false;
@@ -184,8 +196,8 @@ bool ReadId3v1(IByteStream& file, MetadataValueList& aValues) {
     const struct {
         int32_t nFieldId;
         size_t uOffset, uSize;
-    } aFields[] = {{kTitle, 3, 30}, {kArtist, 33, 30}, {kAlbum, 63, 30}, {kYear, 93, 4},
-                   {kComment, 97, 30}};
+    } aFields[] = {
+        {kTitle, 3, 30}, {kArtist, 33, 30}, {kAlbum, 63, 30}, {kYear, 93, 4}, {kComment, 97, 30}};
     for (const auto& field : aFields) {
         std::u16string strText = NarrowText(aTag + field.uOffset, field.uSize);
         TrimRight(strText);

@@ -42,8 +42,10 @@ bool PassesVersionFilter(const CFileData& file) {
 }
 
 void SetFlag(CFileData& file, uint32_t uFlag, bool bOn) {
-    if (bOn) file.m_uFlags |= uFlag;
-    else file.m_uFlags &= ~uFlag;
+    if (bOn)
+        file.m_uFlags |= uFlag;
+    else
+        file.m_uFlags &= ~uFlag;
 }
 
 }  // namespace
@@ -57,7 +59,8 @@ bool IsOfficeExtension(std::u16string_view strName) {
     if (const CWZorvaneDoc* pDoc = GetMainDocument())
         return AnyPatternMatches(pDoc->m_filters.List(FilterOfficeExtensions), strName);
     // Without a document, the list a new document installs.
-    for (const char16_t* pszPattern : {u"*.DOC", u"*.DOCX", u"*.XLS", u"*.XLSX", u"*.PPT", u"*.PPTX"})
+    for (const char16_t* pszPattern :
+         {u"*.DOC", u"*.DOCX", u"*.XLS", u"*.XLSX", u"*.PPT", u"*.PPTX"})
         if (WildcardMatch(pszPattern, strName, true)) return true;
     return false;
 }

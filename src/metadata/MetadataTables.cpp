@@ -15,50 +15,73 @@ struct CFieldLabel {
 };
 
 constexpr CFieldLabel kMp3[] = {
-    {32941, u"MP3 Title"},   {32942, u"MP3 Artist"},    {32943, u"MP3 Album"},
-    {32944, u"MP3 Year"},    {32945, u"MP3 Comment"},   {32946, u"MP3 Genre"},
-    {32947, u"MP3 Version"}, {32948, u"MP3 Bitrate"},   {32949, u"MP3 Length"},
+    {32941, u"MP3 Title"},     {32942, u"MP3 Artist"},  {32943, u"MP3 Album"},
+    {32944, u"MP3 Year"},      {32945, u"MP3 Comment"}, {32946, u"MP3 Genre"},
+    {32947, u"MP3 Version"},   {32948, u"MP3 Bitrate"}, {32949, u"MP3 Length"},
     {32950, u"MP3 Frequency"}, {32951, u"MP3 Frames"},  {32952, u"MP3 Mode"},
     {33024, u"MP3 Track"},
 };
 
 constexpr CFieldLabel kAvi[] = {
-    {32941, u"AVI Video Frame width"},       {32942, u"AVI Video Frame height"},
-    {32943, u"AVI Video Play Length"},       {32944, u"AVI Video Frame count"},
-    {32945, u"AVI Video Frame rate"},        {32946, u"AVI Video Data rate"},
-    {32947, u"AVI Video sample size"},       {32948, u"AVI Video compression"},
-    {32949, u"AVI Audio format"},            {32950, u"AVI Audio average data rate"},
-    {32951, u"AVI Audio sample rate"},       {32952, u"AVI Audio channels"},
+    {32941, u"AVI Video Frame width"}, {32942, u"AVI Video Frame height"},
+    {32943, u"AVI Video Play Length"}, {32944, u"AVI Video Frame count"},
+    {32945, u"AVI Video Frame rate"},  {32946, u"AVI Video Data rate"},
+    {32947, u"AVI Video sample size"}, {32948, u"AVI Video compression"},
+    {32949, u"AVI Audio format"},      {32950, u"AVI Audio average data rate"},
+    {32951, u"AVI Audio sample rate"}, {32952, u"AVI Audio channels"},
     {32953, u"AVI Audio sample size"},
 };
 
 constexpr CFieldLabel kWav[] = {
-    {32955, u"WAV Audio Format"},      {33005, u"WAV Audio sample rate"},
-    {33006, u"WAV Channels"},          {33007, u"WAV Audio Sample size"},
-    {33008, u"WAV Bit Rate"},          {32956, u"WAV Media Length"},
-    {32957, u"WAV Copyright"},         {32958, u"WAV Archival location"},
-    {32959, u"WAV Artist"},            {32960, u"WAV Commissioned"},
-    {32961, u"WAV Comments"},          {32962, u"WAV Creation date"},
-    {32963, u"WAV Cropped"},           {32964, u"WAV Dimensions"},
-    {32965, u"WAV Dots per inch"},     {32966, u"WAV Engineer"},
-    {32967, u"WAV Genre"},             {32968, u"WAV Keywords"},
-    {32969, u"WAV Lightness"},         {32970, u"WAV Medium"},
-    {32971, u"WAV Name"},              {32972, u"WAV Palette"},
-    {32973, u"WAV Product"},           {32974, u"WAV Subject"},
-    {32975, u"WAV Software"},          {32976, u"WAV Sharpness"},
-    {32977, u"WAV Source"},            {32978, u"WAV Source Form"},
-    {32979, u"WAV Technician"},        {32980, u"WAV SMPTE time code"},
-    {32981, u"WAV Digitization Time"}, {32982, u"WAV Display Name"},
+    {32955, u"WAV Audio Format"},
+    {33005, u"WAV Audio sample rate"},
+    {33006, u"WAV Channels"},
+    {33007, u"WAV Audio Sample size"},
+    {33008, u"WAV Bit Rate"},
+    {32956, u"WAV Media Length"},
+    {32957, u"WAV Copyright"},
+    {32958, u"WAV Archival location"},
+    {32959, u"WAV Artist"},
+    {32960, u"WAV Commissioned"},
+    {32961, u"WAV Comments"},
+    {32962, u"WAV Creation date"},
+    {32963, u"WAV Cropped"},
+    {32964, u"WAV Dimensions"},
+    {32965, u"WAV Dots per inch"},
+    {32966, u"WAV Engineer"},
+    {32967, u"WAV Genre"},
+    {32968, u"WAV Keywords"},
+    {32969, u"WAV Lightness"},
+    {32970, u"WAV Medium"},
+    {32971, u"WAV Name"},
+    {32972, u"WAV Palette"},
+    {32973, u"WAV Product"},
+    {32974, u"WAV Subject"},
+    {32975, u"WAV Software"},
+    {32976, u"WAV Sharpness"},
+    {32977, u"WAV Source"},
+    {32978, u"WAV Source Form"},
+    {32979, u"WAV Technician"},
+    {32980, u"WAV SMPTE time code"},
+    {32981, u"WAV Digitization Time"},
+    {32982, u"WAV Display Name"},
 };
 
 constexpr CFieldLabel kMsi[] = {
-    {32954, u"MSI Title"},           {32955, u"MSI Subject"},
-    {32957, u"MSI Keywords"},        {32958, u"MSI Template"},
-    {32959, u"MSI Page Count"},      {32960, u"MSI Word Count"},
-    {32961, u"MSI Comments"},        {32963, u"MSI Author"},
-    {32970, u"MSI Last author"},     {32964, u"MSI Revision Number"},
-    {32965, u"MSI Application Name"}, {32969, u"MSI Edit time"},
-    {32968, u"MSI Last printed"},    {32966, u"MSI Date of Creation"},
+    {32954, u"MSI Title"},
+    {32955, u"MSI Subject"},
+    {32957, u"MSI Keywords"},
+    {32958, u"MSI Template"},
+    {32959, u"MSI Page Count"},
+    {32960, u"MSI Word Count"},
+    {32961, u"MSI Comments"},
+    {32963, u"MSI Author"},
+    {32970, u"MSI Last author"},
+    {32964, u"MSI Revision Number"},
+    {32965, u"MSI Application Name"},
+    {32969, u"MSI Edit time"},
+    {32968, u"MSI Last printed"},
+    {32966, u"MSI Date of Creation"},
     {32967, u"MSI Date last saved"},
 };
 
@@ -115,13 +138,20 @@ constexpr CFieldLabel kVersion[] = {
 
 std::span<const CFieldLabel> Labels(EMetadataGroup eGroup) {
     switch (eGroup) {
-        case MetaVersion: return kVersion;
-        case MetaWav: return kWav;
-        case MetaMp3: return kMp3;
-        case MetaAvi: return kAvi;
-        case MetaMsi: return kMsi;
-        case MetaOffice: return kOffice;
-        default: return {};
+        case MetaVersion:
+            return kVersion;
+        case MetaWav:
+            return kWav;
+        case MetaMp3:
+            return kMp3;
+        case MetaAvi:
+            return kAvi;
+        case MetaMsi:
+            return kMsi;
+        case MetaOffice:
+            return kOffice;
+        default:
+            return {};
     }
 }
 

@@ -31,8 +31,7 @@ constexpr const char16_t* kModes[4] = {u"Stereo", u"Joint Stereo", u"Dual Channe
 
 bool IsFrameHeader(uint32_t h) {
     return (h >> 21) == 0x7FF && ((h >> 19) & 3) != 1 && ((h >> 17) & 3) != 0 &&
-           ((h >> 12) & 15) != 0 && ((h >> 12) & 15) != 15 && ((h >> 10) & 3) != 3 &&
-           (h & 3) != 2;
+           ((h >> 12) & 15) != 0 && ((h >> 12) & 15) != 15 && ((h >> 10) & 3) != 3 && (h & 3) != 2;
 }
 
 // Slides a 4-byte window over the file one byte at a time from offset 0,
@@ -91,8 +90,7 @@ bool ReadMp3Stream(IByteStream& file, MetadataValueList& aValues) {
     const char* pszVersion = nVersion == 0 ? "2.5" : nVersion == 2 ? "2" : "1";
     AddValue(aValues, MetaMp3, kVersion,
              FormatText("MPEG %s Layer %.*s", pszVersion, int(4 - nLayer), "III"));
-    AddValue(aValues, MetaMp3, kBitrate,
-             FormatText(bXing ? "variable %d kbps" : "%d kbps", nKbps));
+    AddValue(aValues, MetaMp3, kBitrate, FormatText(bXing ? "variable %d kbps" : "%d kbps", nKbps));
     AddValue(aValues, MetaMp3, kFrequency, FormatText("%d Hz", nFrequency));
     std::u16string strFrames;
     if (bXing) {
@@ -104,8 +102,9 @@ bool ReadMp3Stream(IByteStream& file, MetadataValueList& aValues) {
     }
     AddValue(aValues, MetaMp3, kFrames, strFrames);
     // The first frame's rate, even in a variable-rate file.
-    AddValue(aValues, MetaMp3, kLength,
-             FormatDuration(static_cast<double>(static_cast<int64_t>(uSize * 0.001 * 8.0 / nKbps))));
+    AddValue(
+        aValues, MetaMp3, kLength,
+        FormatDuration(static_cast<double>(static_cast<int64_t>(uSize * 0.001 * 8.0 / nKbps))));
     AddValue(aValues, MetaMp3, kMode, kModes[nMode]);
 
     ReadId3v2(file, aValues);

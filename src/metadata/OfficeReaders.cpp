@@ -66,10 +66,12 @@ void PropertyValueText(uint32_t uType, std::string_view value, uint16_t uCodePag
     }
     switch (uType) {
         case 2:
-            strOut = value.size() >= 2 ? FormatText("%d", int(int16_t(uint16_t(
-                                             static_cast<unsigned char>(value[0]) |
-                                             static_cast<unsigned char>(value[1]) << 8))))
-                                       : u"";
+            strOut =
+                value.size() >= 2
+                    ? FormatText("%d",
+                                 int(int16_t(uint16_t(static_cast<unsigned char>(value[0]) |
+                                                      static_cast<unsigned char>(value[1]) << 8))))
+                    : u"";
             break;
         case 3:
             strOut = value.size() >= 4 ? FormatText("%d", int(int32_t(Le32(value)))) : u"";
@@ -136,9 +138,11 @@ bool ReadInstallerStream(IByteStream& file, MetadataValueList& aValues) {
         std::string_view value;
         if (!section.Find(row.uProperty, uType, value)) continue;
         if (uType == kString || uType == kWideString) {
-            const std::u16string strText = uType == kString ? PropertyString(value, section.CodePage())
-                                                            : PropertyWideString(value);
-            if (strText.size() < kInstallerTextLimit) AddValue(aValues, MetaMsi, row.nFieldId, strText);
+            const std::u16string strText = uType == kString
+                                               ? PropertyString(value, section.CodePage())
+                                               : PropertyWideString(value);
+            if (strText.size() < kInstallerTextLimit)
+                AddValue(aValues, MetaMsi, row.nFieldId, strText);
         } else if (uType == kInteger && value.size() >= 4) {
             AddValue(aValues, MetaMsi, row.nFieldId, FormatText("%d", int(int32_t(Le32(value)))));
         } else if (uType == kFileTime) {
@@ -163,11 +167,16 @@ bool ReadStorageProperties(IByteStream& file, MetadataValueList& aValues) {
         uint32_t uType = 0;
         std::string_view value;
         section.Find(row.uProperty, uType, value);
-        if (row.uProperty == 10) strText = EditTimeText(FileTimeOf(uType, value));
-        else PropertyValueText(uType, value, section.CodePage(), strText);
+        if (row.uProperty == 10)
+            strText = EditTimeText(FileTimeOf(uType, value));
+        else
+            PropertyValueText(uType, value, section.CodePage(), strText);
         AddValue(aValues, MetaOffice, row.nFieldId, strText);
     }
-    if (!ReadSection(storage, u"\x05" u"DocumentSummaryInformation", kDocumentSummary, strBytes, section))
+    if (!ReadSection(storage,
+                     u"\x05"
+                     u"DocumentSummaryInformation",
+                     kDocumentSummary, strBytes, section))
         return false;
     for (const CRow& row : kDocumentRows) {
         uint32_t uType = 0;

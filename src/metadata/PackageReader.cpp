@@ -15,13 +15,15 @@ namespace {
 
 constexpr const char* kCoreRelationship =
     "http://schemas.openxmlformats.org/package/2006/relationships/metadata/core-properties";
-constexpr const char* kCoreContentType = "application/vnd.openxmlformats-package.core-properties+xml";
+constexpr const char* kCoreContentType =
+    "application/vnd.openxmlformats-package.core-properties+xml";
 constexpr const char* kExtendedRelationship =
     "http://schemas.openxmlformats.org/officeDocument/2006/relationships/extended-properties";
 constexpr const char* kExtendedContentType =
     "application/vnd.openxmlformats-officedocument.extended-properties+xml";
 
-constexpr const char* kNsCore = "http://schemas.openxmlformats.org/package/2006/metadata/core-properties";
+constexpr const char* kNsCore =
+    "http://schemas.openxmlformats.org/package/2006/metadata/core-properties";
 constexpr const char* kNsDc = "http://purl.org/dc/elements/1.1/";
 constexpr const char* kNsTerms = "http://purl.org/dc/terms/";
 
@@ -36,28 +38,50 @@ constexpr struct {
     const char* pszName;
     int32_t nFieldId;
 } kCoreFields[] = {
-    {kNsTerms, "created", 1716},      {kNsCore, "category", 1707},
-    {kNsCore, "contentStatus", 1800}, {kNsDc, "creator", 1704},
-    {kNsDc, "description", 1804},     {kNsCore, "keywords", 1708},
-    {kNsCore, "lastModifiedBy", 1712}, {kNsTerms, "modified", 1717},
-    {kNsCore, "revision", 1713},      {kNsDc, "subject", 1703},
-    {kNsDc, "title", 1702},           {kNsCore, "version", 1802},
+    {kNsTerms, "created", 1716},
+    {kNsCore, "category", 1707},
+    {kNsCore, "contentStatus", 1800},
+    {kNsDc, "creator", 1704},
+    {kNsDc, "description", 1804},
+    {kNsCore, "keywords", 1708},
+    {kNsCore, "lastModifiedBy", 1712},
+    {kNsTerms, "modified", 1717},
+    {kNsCore, "revision", 1713},
+    {kNsDc, "subject", 1703},
+    {kNsDc, "title", 1702},
+    {kNsCore, "version", 1802},
 };
 
 constexpr struct {
     const char* pszName;
     int32_t nFieldId;
 } kExtendedFields[] = {
-    {"Application", 1721},    {"AppVersion", 1799}, {"Characters", 1720}, {"Company", 1706},
-    {"DocSecurity", 1722},    {"HiddenSlides", 1729}, {"HyperlinksChanged", 1798},
-    {"Lines", 1725},          {"LinksUpToDate", 1733}, {"Manager", 1705}, {"MMClips", 1730},
-    {"Notes", 1728},          {"Pages", 1718},      {"Paragraphs", 1726},
-    {"PresentationFormat", 1723}, {"ScaleCrop", 1731}, {"SharedDoc", 1797}, {"Slides", 1727},
-    {"Template", 1711},       {"TotalTime", 1794},  {"Words", 1719},
+    {"Application", 1721},
+    {"AppVersion", 1799},
+    {"Characters", 1720},
+    {"Company", 1706},
+    {"DocSecurity", 1722},
+    {"HiddenSlides", 1729},
+    {"HyperlinksChanged", 1798},
+    {"Lines", 1725},
+    {"LinksUpToDate", 1733},
+    {"Manager", 1705},
+    {"MMClips", 1730},
+    {"Notes", 1728},
+    {"Pages", 1718},
+    {"Paragraphs", 1726},
+    {"PresentationFormat", 1723},
+    {"ScaleCrop", 1731},
+    {"SharedDoc", 1797},
+    {"Slides", 1727},
+    {"Template", 1711},
+    {"TotalTime", 1794},
+    {"Words", 1719},
 };
 
 // libzip reads the package through the platform's file reading.
-zip_int64_t StreamSource(void* pState, void* pData, zip_uint64_t uLength, zip_source_cmd_t eCommand) {
+zip_int64_t StreamSource(void* pState, void* pData, zip_uint64_t uLength,
+                         zip_source_cmd_t eCommand) {
     auto& file = *static_cast<IByteStream*>(pState);
     switch (eCommand) {
         case ZIP_SOURCE_OPEN:
@@ -75,8 +99,8 @@ zip_int64_t StreamSource(void* pState, void* pData, zip_uint64_t uLength, zip_so
             return sizeof(zip_stat_t);
         }
         case ZIP_SOURCE_SEEK: {
-            const zip_int64_t nOffset =
-                zip_source_seek_compute_offset(file.Position(), file.Size(), pData, uLength, nullptr);
+            const zip_int64_t nOffset = zip_source_seek_compute_offset(file.Position(), file.Size(),
+                                                                       pData, uLength, nullptr);
             return nOffset >= 0 && file.Seek(zip_uint64_t(nOffset)) ? 0 : -1;
         }
         case ZIP_SOURCE_TELL:
@@ -120,7 +144,8 @@ public:
         strBytes.clear();
         char aBlock[16384];
         zip_int64_t nRead = 0;
-        while (strBytes.size() <= kMaxPartSize && (nRead = zip_fread(pFile, aBlock, sizeof aBlock)) > 0)
+        while (strBytes.size() <= kMaxPartSize &&
+               (nRead = zip_fread(pFile, aBlock, sizeof aBlock)) > 0)
             strBytes.append(aBlock, size_t(nRead));
         zip_fclose(pFile);
         return nRead == 0 && strBytes.size() <= kMaxPartSize;
@@ -128,16 +153,20 @@ public:
 
     // The part a package relationship of the type leads to, when its
     // content type is the expected one.
-    bool FindPart(const char* pszRelationship, const char* pszContentType, pugi::xml_document& doc) const {
+    bool FindPart(const char* pszRelationship, const char* pszContentType,
+                  pugi::xml_document& doc) const {
         std::string strBytes;
         pugi::xml_document rels, types;
-        if (!ReadPart("_rels/.rels", strBytes) || !rels.load_buffer(strBytes.data(), strBytes.size()) ||
-            !ReadPart("[Content_Types].xml", strBytes) || !types.load_buffer(strBytes.data(), strBytes.size()))
+        if (!ReadPart("_rels/.rels", strBytes) ||
+            !rels.load_buffer(strBytes.data(), strBytes.size()) ||
+            !ReadPart("[Content_Types].xml", strBytes) ||
+            !types.load_buffer(strBytes.data(), strBytes.size()))
             return false;
         for (pugi::xml_node rel : rels.document_element().children()) {
             if (std::string_view(rel.attribute("Type").value()) != pszRelationship) continue;
             std::string strPart = rel.attribute("Target").value();
-            while (strPart.starts_with("/") || strPart.starts_with("./")) strPart.erase(0, strPart[0] == '/' ? 1 : 2);
+            while (strPart.starts_with("/") || strPart.starts_with("./"))
+                strPart.erase(0, strPart[0] == '/' ? 1 : 2);
             if (ContentType(types, strPart) == pszContentType && ReadPart(strPart, strBytes) &&
                 doc.load_buffer(strBytes.data(), strBytes.size()))
                 return true;
@@ -155,10 +184,12 @@ private:
         for (pugi::xml_node node : types.document_element().children()) {
             const std::string_view strKind = node.name();
             if (strKind.ends_with("Override") &&
-                platform::EqualsNoCase(platform::Utf8ToUtf16(node.attribute("PartName").value()), strName))
+                platform::EqualsNoCase(platform::Utf8ToUtf16(node.attribute("PartName").value()),
+                                       strName))
                 return node.attribute("ContentType").value();
             if (strKind.ends_with("Default") &&
-                platform::EqualsNoCase(platform::Utf8ToUtf16(node.attribute("Extension").value()), strExtension))
+                platform::EqualsNoCase(platform::Utf8ToUtf16(node.attribute("Extension").value()),
+                                       strExtension))
                 strDefault = platform::Utf8ToUtf16(node.attribute("ContentType").value());
         }
         return platform::Utf16ToUtf8(strDefault);
@@ -171,8 +202,9 @@ private:
 std::string_view NamespaceOf(pugi::xml_node node) {
     const std::string_view strName = node.name();
     const size_t uColon = strName.find(':');
-    const std::string strAttribute =
-        uColon == std::string_view::npos ? "xmlns" : "xmlns:" + std::string(strName.substr(0, uColon));
+    const std::string strAttribute = uColon == std::string_view::npos
+                                         ? "xmlns"
+                                         : "xmlns:" + std::string(strName.substr(0, uColon));
     for (pugi::xml_node n = node; n; n = n.parent())
         if (pugi::xml_attribute a = n.attribute(strAttribute.c_str())) return a.value();
     return {};
@@ -237,7 +269,8 @@ bool ReadPackageProperties(IByteStream& file, MetadataValueList& aValues) {
         for (const auto& field : kCoreFields) {
             std::u16string strText = NodeText(FindElement(core, field.pszNamespace, field.pszName));
             if (strText.empty()) continue;
-            if (field.nFieldId == kCreated || field.nFieldId == kModified) strText = PackageDateText(strText);
+            if (field.nFieldId == kCreated || field.nFieldId == kModified)
+                strText = PackageDateText(strText);
             AddValue(aValues, MetaOffice, field.nFieldId, std::move(strText));
         }
     }

@@ -101,8 +101,8 @@ bool ReadPeVersionBlock(IByteStream& file, std::string& strBlock) {
     for (uint16_t n = 0; n < uSections; ++n) {
         unsigned char aSection[40];
         if (!file.ReadExact(aSection, sizeof aSection)) return false;
-        aSections.push_back({Le32(aSection + 12), Le32(aSection + 8), Le32(aSection + 16),
-                             Le32(aSection + 20)});
+        aSections.push_back(
+            {Le32(aSection + 12), Le32(aSection + 8), Le32(aSection + 16), Le32(aSection + 20)});
     }
     CResourceReader reader(file, std::move(aSections));
     // Type, then name (the first), then language (the first); the high bit

@@ -15,10 +15,10 @@ constexpr struct {
     const char16_t* pszKey;
     int32_t nFieldId;
 } kStrings[] = {
-    {u"CompanyName", 32986},    {u"FileDescription", 32987}, {u"FileVersion", 32988},
-    {u"InternalName", 32989},   {u"LegalCopyright", 32990},  {u"OriginalFilename", 32991},
-    {u"ProductName", 32992},    {u"ProductVersion", 32993},  {u"Comments", 32994},
-    {u"LegalTrademarks", 32995}, {u"PrivateBuild", 32996},   {u"SpecialBuild", 32997},
+    {u"CompanyName", 32986},     {u"FileDescription", 32987}, {u"FileVersion", 32988},
+    {u"InternalName", 32989},    {u"LegalCopyright", 32990},  {u"OriginalFilename", 32991},
+    {u"ProductName", 32992},     {u"ProductVersion", 32993},  {u"Comments", 32994},
+    {u"LegalTrademarks", 32995}, {u"PrivateBuild", 32996},    {u"SpecialBuild", 32997},
 };
 
 uint16_t Le16(std::string_view block, size_t uAt) {
@@ -55,15 +55,16 @@ bool ParseNode(std::string_view block, size_t uStart, size_t uLimit, CNode& node
     }
     node.uValue = std::min(Align4(uAt + 2), node.uEnd);
     const size_t uValueLength = Le16(block, uStart + 2);
-    node.uValueSize = std::min(node.bText ? uValueLength * 2 : uValueLength, node.uEnd - node.uValue);
+    node.uValueSize =
+        std::min(node.bText ? uValueLength * 2 : uValueLength, node.uEnd - node.uValue);
     node.uChildren = std::min(Align4(node.uValue + node.uValueSize), node.uEnd);
     return true;
 }
 
 }  // namespace
 
-bool QueryVersionValue(std::string_view block, std::u16string_view strPath,
-                       std::string_view& value, bool& bText) {
+bool QueryVersionValue(std::string_view block, std::u16string_view strPath, std::string_view& value,
+                       bool& bText) {
     CNode node;
     if (!ParseNode(block, 0, block.size(), node)) return false;
     size_t uPos = 0;

@@ -21,8 +21,8 @@ bool ReadPeVersionBlock(IByteStream& file, std::string& strBlock);
 // The value of a path in a version block, as VerQueryValueW finds it:
 // components split at '\', keys compared without case. bHasValue is false
 // for a node without a value. False when the path does not exist.
-bool QueryVersionValue(std::string_view block, std::u16string_view strPath,
-                       std::string_view& value, bool& bText);
+bool QueryVersionValue(std::string_view block, std::u16string_view strPath, std::string_view& value,
+                       bool& bText);
 
 // The fields of a version block, in table order; false when it has neither
 // a translation nor a string table.

@@ -131,8 +131,10 @@ bool ReadWavChunks(IByteStream& file, MetadataValueList& aValues) {
     AddValue(aValues, MetaWav, kSampleRate, SampleRateText(uRate));
     AddValue(aValues, MetaWav, kSampleSize, FormatText("%u bit", unsigned(uBits)));
     std::u16string strChannels = FormatText("%u", unsigned(uChannels));
-    if (uChannels == 1) strChannels += u" (Mono)";
-    else if (uChannels) strChannels += u" (Stereo)";
+    if (uChannels == 1)
+        strChannels += u" (Mono)";
+    else if (uChannels)
+        strChannels += u" (Stereo)";
     AddValue(aValues, MetaWav, kChannels, std::move(strChannels));
     AddValue(aValues, MetaWav, kBitRate,
              FormatFixed(std::floor(uAverage * 8.0 * 0.001), 0) + u"kbps");

@@ -2,10 +2,10 @@
 
 #include <filesystem>
 
+#include "MetadataTestSupport.h"
 #include "core/document/Document.h"
 #include "core/records/FileData.h"
 #include "metadata/MetadataFields.h"
-#include "MetadataTestSupport.h"
 #include "platform/Text.h"
 #include "support/TempDir.h"
 
@@ -20,9 +20,8 @@ protected:
     // A record whose name is the whole path of a copy of the fixture.
     CFileData& Copy(const char* pszFixture, const char* pszName) {
         const auto path = m_dir.WriteFile(pszName, test::FixtureBytes(pszFixture));
-        m_aFiles.push_back(std::make_unique<CFileData>(path.u16string(), 0, FILETIME{},
-                                                       FILETIME{}, FILETIME{}, 0, nullptr, false,
-                                                       nullptr));
+        m_aFiles.push_back(std::make_unique<CFileData>(path.u16string(), 0, FILETIME{}, FILETIME{},
+                                                       FILETIME{}, 0, nullptr, false, nullptr));
         return *m_aFiles.back();
     }
 
@@ -86,7 +85,8 @@ TEST_F(MetadataDispatch, OfficeAndInstallerNames) {
     EXPECT_FALSE(IsOfficeExtension(u"letter.doc"));
     for (const char16_t* pszName : {u"a.msi", u"b.MSM", u"c.msp", u"d.mst", u".msi"})
         EXPECT_TRUE(IsInstallerExtension(pszName));
-    for (const char16_t* pszName : {u"msi", u"a.msix", u"a.ms"}) EXPECT_FALSE(IsInstallerExtension(pszName));
+    for (const char16_t* pszName : {u"msi", u"a.msix", u"a.ms"})
+        EXPECT_FALSE(IsInstallerExtension(pszName));
 }
 
 }  // namespace

@@ -3,8 +3,8 @@
 #include <cstdlib>
 #include <ctime>
 
-#include "metadata/OfficeMetadata.h"
 #include "MetadataTestSupport.h"
+#include "metadata/OfficeMetadata.h"
 
 namespace zv {
 namespace {
@@ -34,11 +34,13 @@ TEST_F(OfficeMetadata, InstallerSummaryFromWixl) {
     // last printed) are skipped; dates without their time of day.
     const LabelValues aFields = Read(ReadInstallerMetadata, "setup.msi");
     ASSERT_EQ(aFields.size(), 12u);
-    EXPECT_EQ(aFields[0], (std::pair<std::string, std::u16string>("MSI Title", u"Installation Database")));
+    EXPECT_EQ(aFields[0],
+              (std::pair<std::string, std::u16string>("MSI Title", u"Installation Database")));
     EXPECT_EQ(aFields[3].second, u"Intel;1033");
     EXPECT_EQ(aFields[4], (std::pair<std::string, std::u16string>("MSI Page Count", u"200")));
     EXPECT_EQ(aFields[7], (std::pair<std::string, std::u16string>("MSI Author", u"Halvorn Test")));
-    EXPECT_EQ(aFields[10], (std::pair<std::string, std::u16string>("MSI Date of Creation", u"11/22/2026")));
+    EXPECT_EQ(aFields[10],
+              (std::pair<std::string, std::u16string>("MSI Date of Creation", u"11/22/2026")));
     // No compound file: nothing.
     Read(ReadInstallerMetadata, "document.docx", false);
 }

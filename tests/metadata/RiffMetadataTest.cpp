@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "metadata/RiffMetadata.h"
 #include "MetadataTestSupport.h"
+#include "metadata/RiffMetadata.h"
 
 namespace zv {
 namespace {
@@ -33,12 +33,10 @@ TEST(WavMetadata, RealFiles) {
     MetadataValueList aValues;
     // ffmpeg puts its LIST chunk before "data", where it is not looked for.
     ASSERT_TRUE(ReadWavMetadata(test::FixturePath("info.wav"), aValues));
-    const LabelValues aBase = {{"WAV Audio Format", u"PCM"},
-                               {"WAV Audio sample rate", u"22.50 kHz"},
-                               {"WAV Audio Sample size", u"8 bit"},
-                               {"WAV Channels", u"1 (Mono)"},
-                               {"WAV Bit Rate", u"176kbps"},
-                               {"WAV Media Length", u"0:00:05"}};
+    const LabelValues aBase = {
+        {"WAV Audio Format", u"PCM"},        {"WAV Audio sample rate", u"22.50 kHz"},
+        {"WAV Audio Sample size", u"8 bit"}, {"WAV Channels", u"1 (Mono)"},
+        {"WAV Bit Rate", u"176kbps"},        {"WAV Media Length", u"0:00:05"}};
     EXPECT_EQ(test::Listed(aValues), aBase);
     // Behind "data" it is read: 8-bit text taken as 16-bit units, and the
     // copyright swapped into third place.
@@ -72,10 +70,9 @@ TEST(WavMetadata, ValueRules) {
                                   {"WAV Channels", u"0"},
                                   {"WAV Bit Rate", u"0kbps"}}));
     // An unknown INFO id ends the walk, even with known ids behind it.
-    const LabelValues aInfo =
-        WavFields(Wave(Format(1, 1, 8000, 8000) + strData +
-                       Chunk("LIST", "INFO" + Chunk("INAM", "ab") + Chunk("IXXX", "cd") +
-                                         Chunk("IART", "ef"))));
+    const LabelValues aInfo = WavFields(Wave(
+        Format(1, 1, 8000, 8000) + strData +
+        Chunk("LIST", "INFO" + Chunk("INAM", "ab") + Chunk("IXXX", "cd") + Chunk("IART", "ef"))));
     ASSERT_EQ(aInfo.size(), 7u);
     EXPECT_EQ(aInfo.back(), (std::pair<std::string, std::u16string>("WAV Name", u"\u6261")));
     // A short format chunk is no WAV.
@@ -90,8 +87,8 @@ std::string AviHeader(uint32_t uScale, uint32_t uRate, const std::string& strBet
     strStream.replace(20, 4, Le32(uScale));
     strStream.replace(24, 4, Le32(uRate));
     strStream.replace(32, 4, Le32(250));
-    return "RIFF" + Le32(0) + "AVI LIST" + Le32(0) + "hdrlavih" + Le32(56) + strMain +
-           strBetween + "LIST" + Le32(0) + "strlstrh" + Le32(56) + strStream;
+    return "RIFF" + Le32(0) + "AVI LIST" + Le32(0) + "hdrlavih" + Le32(56) + strMain + strBetween +
+           "LIST" + Le32(0) + "strlstrh" + Le32(56) + strStream;
 }
 
 LabelValues AviFields(const std::string& strBytes, bool bExpected = true) {

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "metadata/VersionMetadata.h"
 #include "MetadataTestSupport.h"
+#include "metadata/VersionMetadata.h"
 
 namespace zv {
 namespace {
@@ -23,9 +23,11 @@ std::string Utf16z(std::u16string_view str) {
 // One node of a version block: length, value length, type, key, value, children.
 std::string Node(std::u16string_view strKey, const std::string& strValue, bool bText,
                  const std::string& strChildren = "") {
-    std::string strBody = Pad4(std::string(6, '\0') + Utf16z(strKey)) + Pad4(strValue) + strChildren;
+    std::string strBody =
+        Pad4(std::string(6, '\0') + Utf16z(strKey)) + Pad4(strValue) + strChildren;
     const size_t uValueLength = bText ? strValue.size() / 2 : strValue.size();
-    strBody.replace(0, 6, Le16(uint32_t(strBody.size())) + Le16(uint32_t(uValueLength)) + Le16(bText));
+    strBody.replace(0, 6,
+                    Le16(uint32_t(strBody.size())) + Le16(uint32_t(uValueLength)) + Le16(bText));
     return Pad4(strBody);
 }
 
@@ -49,20 +51,19 @@ LabelValues BlockFields(const std::string& strBlock) {
 TEST(VersionMetadata, RealExecutable) {
     MetadataValueList aValues;
     ASSERT_TRUE(ReadVersionResource(test::FixturePath("version.exe"), aValues));
-    EXPECT_EQ(test::Listed(aValues),
-              (LabelValues{{"VER Language", u"English (United States)"},
-                           {"VER Company Name", u"Halvorn Test"},
-                           {"VER Description", u"Version fixture"},
-                           {"VER Version", u"1.2.3.4"},
-                           {"VER Internal Name", u"version"},
-                           {"VER Legal Copyright", u"Copyright 2026"},
-                           {"VER Original Filename", u"version.exe"},
-                           {"VER Product Name", u"Zorvane Fixtures"},
-                           {"VER Product Version", u"1.2"},
-                           {"VER Comments", u""},
-                           {"VER Legal Trademarks", u""},
-                           {"VER Private Build", u""},
-                           {"VER Special Build", u""}}));
+    EXPECT_EQ(test::Listed(aValues), (LabelValues{{"VER Language", u"English (United States)"},
+                                                  {"VER Company Name", u"Halvorn Test"},
+                                                  {"VER Description", u"Version fixture"},
+                                                  {"VER Version", u"1.2.3.4"},
+                                                  {"VER Internal Name", u"version"},
+                                                  {"VER Legal Copyright", u"Copyright 2026"},
+                                                  {"VER Original Filename", u"version.exe"},
+                                                  {"VER Product Name", u"Zorvane Fixtures"},
+                                                  {"VER Product Version", u"1.2"},
+                                                  {"VER Comments", u""},
+                                                  {"VER Legal Trademarks", u""},
+                                                  {"VER Private Build", u""},
+                                                  {"VER Special Build", u""}}));
     // Files that are no PE file have no version.
     EXPECT_FALSE(ReadVersionResource(test::FixturePath("id3v1.mp3"), aValues));
 }
@@ -70,8 +71,8 @@ TEST(VersionMetadata, RealExecutable) {
 TEST(VersionMetadata, Candidates) {
     // German translation, but only the 040904E4 table: read through the
     // second candidate; keys compare without case.
-    const LabelValues aSecond = BlockFields(
-        Block(Le16(0x0407) + Le16(1252), Node(u"040904e4", "", true, Text(u"FileVersion", u"2.0"))));
+    const LabelValues aSecond = BlockFields(Block(
+        Le16(0x0407) + Le16(1252), Node(u"040904e4", "", true, Text(u"FileVersion", u"2.0"))));
     ASSERT_EQ(aSecond.size(), 13u);
     EXPECT_EQ(aSecond[0].second, u"German (Germany)");
     EXPECT_EQ(aSecond[3], (std::pair<std::string, std::u16string>("VER Version", u"2.0")));
