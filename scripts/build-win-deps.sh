@@ -67,3 +67,10 @@ build_from_debian_source() {
 }
 
 build_from_debian_source pugixml lib/cmake/pugixml/pugixml-config.cmake -DPUGIXML_BUILD_TESTS=OFF
+# The ZIP reader of the OOXML package reader; zlib comes from Debian's
+# MinGW-w64 package, linked statically.
+build_from_debian_source libzip lib/cmake/libzip/libzip-config.cmake \
+  -DZLIB_LIBRARY=/usr/x86_64-w64-mingw32/lib/libz.a -DZLIB_INCLUDE_DIR=/usr/x86_64-w64-mingw32/include \
+  -DENABLE_BZIP2=OFF -DENABLE_LZMA=OFF -DENABLE_ZSTD=OFF -DENABLE_COMMONCRYPTO=OFF \
+  -DENABLE_GNUTLS=OFF -DENABLE_MBEDTLS=OFF -DENABLE_OPENSSL=OFF -DENABLE_WINDOWS_CRYPTO=OFF \
+  -DBUILD_TOOLS=OFF -DBUILD_REGRESS=OFF -DBUILD_EXAMPLES=OFF -DBUILD_DOC=OFF

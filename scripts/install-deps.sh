@@ -11,6 +11,7 @@ packages=(
   util-linux tzdata python3
   libcli11-dev nlohmann-json3-dev
   libpugixml-dev dpkg-dev
+  libzip-dev zlib1g-dev libz-mingw-w64-dev
   clang libclang-rt-14-dev
   "$@"
 )

@@ -6,6 +6,7 @@
 #include "app/CrcCommand.h"
 #include "app/DateArgument.h"
 #include "app/LargestCommand.h"
+#include "app/MetaCommand.h"
 #include "app/ProgramServices.h"
 #include "app/ScanCommand.h"
 #include "app/SettingsCommand.h"
@@ -64,6 +65,12 @@ int main(int argc, char** argv) {
 
     zv::CLargestCommandOptions largest;
     CLI::App* pLargest = zv::AddLargestCommand(app, largest);
+    std::vector<std::string> aMetaPaths;
+    bool bMetaJson = false;
+    CLI::App* pMeta = app.add_subcommand(
+        "meta", "Print the metadata values of files (version, MP3, WAV, AVI, Office, installer).");
+    pMeta->add_option("FILE", aMetaPaths, "File (one or more)")->required();
+    pMeta->add_flag("--json", bMetaJson, "An array of {path, fields} objects");
 
     // Arguments as UTF-8 on every platform, so names beyond ASCII survive.
     const std::vector<std::string> aArgs = zv::platform::GetUtf8Arguments(argc, argv);
@@ -81,7 +88,8 @@ int main(int argc, char** argv) {
     }
 
     const bool bCommand =
-        pScan->parsed() || pSettings->parsed() || pCrc->parsed() || pLargest->parsed();
+        pScan->parsed() || pSettings->parsed() || pCrc->parsed() || pLargest->parsed() ||
+        pMeta->parsed();
     if (!strSettingsFile.empty() && bCommand) {
         std::fprintf(stderr, "zorvane-cli: give either a settings file or a command\n\n%s",
                      app.help().c_str());
@@ -102,6 +110,7 @@ int main(int argc, char** argv) {
             aPaths.push_back(zv::platform::Utf8ToUtf16(strPath));
         return zv::RunCrcCommand(aPaths, bCrcHex, bCrcNoTags, bCrcQuick);
     }
+    if (pMeta->parsed()) return zv::RunMetaCommand(aMetaPaths, bMetaJson);
     std::fprintf(stderr, "zorvane-cli: give a settings file or a command\n\n%s",
                  app.help().c_str());
     return kUsageError;

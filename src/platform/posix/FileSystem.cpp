@@ -375,6 +375,12 @@ bool CFileReader::Seek(uint64_t uOffset) {
     return lseek(m_pImpl->nFd, off_t(uOffset), SEEK_SET) != off_t(-1);
 }
 
+int64_t CFileReader::GetSize() const {
+    struct stat st;
+    if (!IsOpen() || fstat(m_pImpl->nFd, &st) != 0) return -1;
+    return int64_t(st.st_size);
+}
+
 void CFileReader::Close() {
     if (!IsOpen()) return;
     close(m_pImpl->nFd);

@@ -274,6 +274,12 @@ bool CFileReader::Seek(uint64_t uOffset) {
     return ::SetFilePointerEx(m_pImpl->hFile, distance, nullptr, FILE_BEGIN) != FALSE;
 }
 
+int64_t CFileReader::GetSize() const {
+    LARGE_INTEGER size;
+    if (!IsOpen() || !::GetFileSizeEx(m_pImpl->hFile, &size)) return -1;
+    return int64_t(size.QuadPart);
+}
+
 void CFileReader::Close() {
     if (!IsOpen()) return;
     ::CloseHandle(m_pImpl->hFile);
