@@ -13,6 +13,8 @@ public:
     void SaveRemembered() override;
     void ApplyCrcList() override;
     void ExitAfterPrinting() override;
+    // The duplicate searches the settings ask for after every scan.
+    void FindDuplicates() override;
 };
 
 }  // namespace zv

@@ -5,6 +5,7 @@
 #include "Version.h"
 #include "app/CrcCommand.h"
 #include "app/DateArgument.h"
+#include "app/DupsCommand.h"
 #include "app/ProgramServices.h"
 #include "app/ScanCommand.h"
 #include "app/SettingsCommand.h"
@@ -61,6 +62,8 @@ int main(int argc, char** argv) {
     pCrc->add_flag("--quick", bCrcQuick,
                    "The checksum of one 4096-byte sample block from the middle of each file");
 
+    zv::CDupsCommands dups(app);
+
     // Arguments as UTF-8 on every platform, so names beyond ASCII survive.
     const std::vector<std::string> aArgs = zv::platform::GetUtf8Arguments(argc, argv);
     std::vector<const char*> aArgv;
@@ -76,7 +79,7 @@ int main(int argc, char** argv) {
         return kUsageError;
     }
 
-    const bool bCommand = pScan->parsed() || pSettings->parsed() || pCrc->parsed();
+    const bool bCommand = pScan->parsed() || pSettings->parsed() || pCrc->parsed() || dups.Parsed();
     if (!strSettingsFile.empty() && bCommand) {
         std::fprintf(stderr, "zorvane-cli: give either a settings file or a command\n\n%s",
                      app.help().c_str());
@@ -87,6 +90,7 @@ int main(int argc, char** argv) {
         return zv::RunScanCommand(scan);
     }
     if (pScan->parsed()) return zv::RunScanCommand(scan);
+    if (dups.Parsed()) return dups.Run();
     if (pSave->parsed()) return zv::RunSettingsSaveCommand(strSaveOut, strSaveIn);
     if (pCrc->parsed()) {
         zv::platform::PrepareConsoleProcess();
