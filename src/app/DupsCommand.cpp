@@ -220,8 +220,9 @@ int RunDupsCommand(CDupsOptions& options) {
     if (std::fflush(stdout) != 0 || !bWritten) return kUnreadable;
     const size_t nUnreadable = CountUnreadable(doc);
     if (nUnreadable) {
-        std::fprintf(stderr, "zorvane-cli: %zu files or directories could not be read\n",
-                     nUnreadable);
+        const std::string strCount = std::to_string(nUnreadable);
+        std::fprintf(stderr, "zorvane-cli: %s files or directories could not be read\n",
+                     strCount.c_str());
         return kUnreadable;
     }
     return 0;
