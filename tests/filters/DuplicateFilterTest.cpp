@@ -24,6 +24,8 @@ std::string Random(size_t nSize, unsigned uSeed) {
     return s;
 }
 
+std::string Utf(const std::u16string& s) { return fs::path(s).string(); }
+
 struct CCase {
     const char* pszName;
     bool bSize, bName, bCrc, bBytes;
@@ -90,8 +92,9 @@ TEST_P(DuplicateFilterTest, KeepsExactlyTheDuplicatesOfTheFilterFiles) {
     }
     EXPECT_EQ(kept, expected);
     // A kept file whose checksum the filter computed starts with it.
-    for (CFileData* pFile : doc.m_scan.m_aAllFiles) {
-        if (c.bCrc) EXPECT_TRUE(pFile->m_uFlags & FILE_CRC_VALID);
+    if (c.bCrc) {
+        for (CFileData* pFile : doc.m_scan.m_aAllFiles)
+            EXPECT_TRUE(pFile->m_uFlags & FILE_CRC_VALID) << Utf(pFile->GetFullPath());
     }
 }
 
