@@ -8,6 +8,7 @@
 #include "AnalysesTestSupport.h"
 #include "DuplicateFinderTestSupport.h"
 #include "analyses/DuplicateFileFinder.h"
+#include "analyses/DuplicateOptionChecks.h"
 #include "analyses/DuplicatePasses.h"
 
 namespace zv {
@@ -226,6 +227,36 @@ TEST(DuplicateFileEdgeTest, StopLeavesNoGroups) {
     tree.m_doc.m_options.m_dupFiles.m_bBySize = tree.m_doc.m_options.m_dupFiles.m_bByCrc = 1;
     EXPECT_FALSE(FindDuplicateFiles(tree.m_doc));
     EXPECT_TRUE(tree.m_doc.m_results.m_aDuplicateGroups.empty());
+}
+
+}  // namespace
+}  // namespace zv
+
+namespace zv {
+namespace {
+
+TEST(DuplicateOptionChecksTest, RefusalsInTheirOrder) {
+    struct CCase {
+        bool bAutoFiles, bFileCriterion, bAutoDirs, bDirCriterion, bSound, bSoundFile;
+        const char16_t* pszExpected;
+    };
+    const CCase aCases[] = {
+        {true, false, true, false, true, false, u"Please select the method to detect duplicate files"},
+        {true, true, true, false, true, false,
+         u"Please select the method to detect duplicate directories"},
+        {false, false, false, false, true, false, u"Please select a sound file to play when finished"},
+        {false, false, true, true, true, true, u""},
+    };
+    for (const CCase& c : aCases) {
+        CDocumentOptions options;
+        options.m_bFindDupFilesAfterScan = c.bAutoFiles;
+        options.m_dupFiles.m_bByName = c.bFileCriterion;
+        options.m_bFindDupDirsAfterScan = c.bAutoDirs;
+        options.m_dupDirs.m_aCriteria[DupDirByName] = c.bDirCriterion;
+        options.m_bPlaySound = c.bSound;
+        options.m_strSoundFile = c.bSoundFile ? u"ding.wav" : u"";
+        EXPECT_EQ(CheckDuplicateOptions(options), c.pszExpected);
+    }
 }
 
 }  // namespace
