@@ -16,7 +16,11 @@ std::u16string ElapsedText(double dSeconds) {
     const char* aUnits[4] = {" days", " hours", " minutes", " seconds"};
     std::string strText = " (time = ";
     for (int i = 0; i < 4; ++i)
-        if (aParts[i] != 0) strText += " " + std::to_string(aParts[i]) + aUnits[i];
+        if (aParts[i] != 0) {
+            strText += ' ';
+            strText += std::to_string(aParts[i]);
+            strText += aUnits[i];
+        }
     return platform::U16(strText + ")");
 }
 
