@@ -51,7 +51,8 @@ protected:
         return s;
     }
     std::string TreeContent(const std::string& strDir) const {
-        std::string s = "[" + OwnContent(strDir);
+        std::string s(1, '[');
+        s += OwnContent(strDir);
         for (const auto& [dir, files] : m_mapFiles)
             if (fs::path(dir).parent_path().generic_string() == strDir) s += TreeContent(dir);
         if (strDir.empty()) s += "[][]";  // the two hollow directories
@@ -76,8 +77,9 @@ protected:
             if (bWithSubdirs) {
                 // A member whose parent is a member of some group goes.
                 std::erase_if(dirs, [&](const std::string& d) {
-                    std::string strParent = fs::path(d).parent_path().generic_string();
-                    if (strParent.empty()) strParent = ".";
+                    const size_t nSlash = d.rfind('/');
+                    const std::string strParent = nSlash == std::string::npos ? std::string(".")
+                                                                              : d.substr(0, nSlash);
                     for (const auto& [k, others] : mapGroups)
                         if (others.size() >= 2 && others.count(strParent)) return true;
                     return false;

@@ -57,8 +57,8 @@ protected:
         Add("size/two", RandomBytes(1000, 6));
         Add("names/a.bin", strTwin);
         Add("names/deep/zz.dat", strTwin);
-        for (int i = 0; i < 3; ++i) Add("three/t" + std::to_string(i), strBig);
-        for (int i = 0; i < 9; ++i) Add("many/m" + std::to_string(i), RandomBytes(20000, 7));
+        for (int i = 0; i < 3; ++i) Add(test::Numbered("three/t", i), strBig);
+        for (int i = 0; i < 9; ++i) Add(test::Numbered("many/m", i), RandomBytes(20000, 7));
         // Equal sizes but for the last or first byte: the middle block, and
         // so the quick checksum, is the same for all four.
         Add("edge/base", RandomBytes(9000, 3));
@@ -74,7 +74,7 @@ protected:
         Add("mp3/c.mp3", Mp3(RandomBytes(3000, 8), 'a'));
         // Many groups of equal size, so that the checksum stages batch.
         for (int i = 0; i < 60; ++i)
-            Add("batch/b" + std::to_string(i), RandomBytes(300, 100 + unsigned(i % 25)));
+            Add(test::Numbered("batch/b", i), RandomBytes(300, 100 + unsigned(i % 25)));
 #ifndef _WIN32
         fs::create_hard_link(m_tree.m_temp.Path() / "size/one", m_tree.m_temp.Path() / "hardlink");
         m_aFiles["hardlink"] = m_aFiles["size/one"];
@@ -173,7 +173,7 @@ TEST(DuplicateFileEdgeTest, EmptyFilesBySizeAndCrc) {
     const std::pair<int, int> aCases[] = {{2, 1}, {3, 0}, {4, 1}};
     for (const auto& [nFiles, nExpected] : aCases) {
         test::CScannedTree tree;
-        for (int i = 0; i < nFiles; ++i) tree.Write("e" + std::to_string(i), "");
+        for (int i = 0; i < nFiles; ++i) tree.Write(test::Numbered("e", i), "");
         tree.Scan();
         tree.m_doc.m_options.m_dupFiles.m_bBySize = tree.m_doc.m_options.m_dupFiles.m_bByCrc = 1;
         ASSERT_TRUE(FindDuplicateFiles(tree.m_doc));
@@ -196,7 +196,7 @@ TEST(DuplicateFileEdgeTest, VanishedOrUnreadableFilesAreDropped) {
 #endif
         test::CScannedTree tree;
         const std::string strContent = RandomBytes(10000, 9);
-        for (int i = 0; i < c.nCopies; ++i) tree.Write("f" + std::to_string(i), strContent);
+        for (int i = 0; i < c.nCopies; ++i) tree.Write(test::Numbered("f", i), strContent);
         tree.Scan();
         const fs::path victim = tree.m_temp.Path() / "f0";
         if (c.bUnreadable)
@@ -208,7 +208,7 @@ TEST(DuplicateFileEdgeTest, VanishedOrUnreadableFilesAreDropped) {
         (c.bBytes ? criteria.m_bByteByByte : criteria.m_bByCrc) = 1;
         ASSERT_TRUE(FindDuplicateFiles(tree.m_doc));
         std::set<std::string> expected;
-        for (int i = 1; i < c.nCopies; ++i) expected.insert("f" + std::to_string(i));
+        for (int i = 1; i < c.nCopies; ++i) expected.insert(test::Numbered("f", i));
         EXPECT_EQ(tree.Result(tree.m_doc.m_results.m_aDuplicateGroups), CGroupSet{expected})
             << c.nCopies << c.bBytes << c.bUnreadable;
         if (c.bUnreadable) fs::permissions(victim, fs::perms::owner_all);
@@ -219,7 +219,7 @@ TEST(DuplicateFileEdgeTest, VanishedOrUnreadableFilesAreDropped) {
 TEST(DuplicateFileEdgeTest, StopLeavesNoGroups) {
     test::CRecordingHost host;
     test::CScannedTree tree;
-    for (int i = 0; i < 40; ++i) tree.Write("f" + std::to_string(i), RandomBytes(100, i % 10));
+    for (int i = 0; i < 40; ++i) tree.Write(test::Numbered("f", i), RandomBytes(100, i % 10));
     tree.Scan();
     host.m_onPump = [&host] {
         if (host.m_pDialog) host.m_pDialog->OnCancel();

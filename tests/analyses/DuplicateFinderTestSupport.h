@@ -17,6 +17,12 @@ namespace zv::test {
 
 using CGroupSet = std::set<std::set<std::string>>;
 
+inline std::string Numbered(const char* pszPrefix, int n) {
+    std::string s(pszPrefix);
+    s += std::to_string(n);
+    return s;
+}
+
 class CScannedTree {
 public:
     CScannedTree() {

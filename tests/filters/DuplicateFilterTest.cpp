@@ -71,7 +71,9 @@ TEST_P(DuplicateFilterTest, KeepsExactlyTheDuplicatesOfTheFilterFiles) {
     criteria.m_bByteByByte = c.bBytes;
     ASSERT_TRUE(AddDupFileFilter(doc.m_filters, (m_temp.Path() / "filter/A").u16string()));
     AddDupDirFilterTree(doc.m_filters, (m_temp.Path() / "tree").u16string(), true);
-    doc.m_filters.AddEntry(FilterDupDirs, u"*" + (m_temp.Path() / "tree").u16string());
+    std::u16string strTreeEntry = u"*";
+    strTreeEntry += (m_temp.Path() / "tree").u16string();
+    doc.m_filters.AddEntry(FilterDupDirs, strTreeEntry);
     auto* pRoot = new CRootDirectoryData((m_temp.Path() / "root").u16string());
     pRoot->Prepare(doc.m_scan.m_aDrives);
     doc.m_scan.m_aRoots.Add(pRoot);
