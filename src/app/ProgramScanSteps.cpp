@@ -27,10 +27,6 @@ void CProgramScanSteps::ExitAfterPrinting() {
     std::exit(0);
 }
 
-}  // namespace zv
-
-namespace zv {
-
 void CProgramScanSteps::FindDuplicates() {
     CWZorvaneDoc& doc = *m_pDocument;
     if (doc.m_options.m_bFindDupFilesAfterScan && doc.m_options.m_dupFiles.Any())

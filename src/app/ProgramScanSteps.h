@@ -1,7 +1,7 @@
 // The steps around a scan as the command line runs them: the remembered
-// lists are saved, a checksum list is applied, and "Exit program after
-// printing" ends the process. Reports, duplicate searches and the tree
-// control join as those subsystems arrive.
+// lists are saved, a checksum list is applied, "Exit program after
+// printing" ends the process, and the duplicate searches the settings ask
+// for run. Reports and the tree control join as those subsystems arrive.
 #pragma once
 
 #include "core/scan/ScanHooks.h"
