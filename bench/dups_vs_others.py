@@ -10,9 +10,10 @@ as duplicates for every tool (fdupes -H, jdupes -H, rdfind
 -removeidentinode false), as they do for Zorvane.
 
 Usage: bench/dups_vs_others.py [TREE] [RUNS]     (default /usr/share, 5)
-Needs: apt-get install rdfind fdupes jdupes
+The other tools are installed from Debian when missing.
 """
 import json
+import shutil
 import os
 import statistics
 import subprocess
@@ -89,6 +90,10 @@ def drop_caches():
 
 def main():
     tree = sys.argv[1] if len(sys.argv) > 1 else "/usr/share"
+    missing = [tool for tool in ("rdfind", "fdupes", "jdupes") if not shutil.which(tool)]
+    if missing:
+        subprocess.run(["apt-get", "install", "-y", "-o", "DPkg::Lock::Timeout=900",
+                        "--no-install-recommends"] + missing, check=True)
     runs = int(sys.argv[2]) if len(sys.argv) > 2 else 5
     subprocess.run(["cmake", "--preset", "release"], cwd=ROOT, check=True,
                    stdout=subprocess.DEVNULL)
