@@ -1,5 +1,6 @@
 #include "analyses/CrcServices.h"
 
+#include "analyses/Crc32Fast.h"
 #include "analyses/Crc32OfFile.h"
 #include "core/records/FileData.h"
 
@@ -12,6 +13,10 @@ uint32_t CCrcRecordServices::Crc32OfFile(const std::u16string& strPath, bool& bF
 
 uint32_t CCrcRecordServices::Crc32OfFileWithoutTags(const std::u16string& strPath, bool& bFailed) {
     return zv::Crc32OfFileWithoutTags(strPath, bFailed);
+}
+
+uint32_t CCrcRecordServices::Crc32OfBlock(const void* pData, size_t uLength) {
+    return Crc32BufferFast(pData, uLength);
 }
 
 void CCrcRecordServices::ComputeCrcs(const std::vector<CFileData*>& aFiles) {

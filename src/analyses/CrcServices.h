@@ -15,6 +15,7 @@ class CCrcRecordServices : public IRecordServices {
 public:
     uint32_t Crc32OfFile(const std::u16string& strPath, bool& bFailed, double dSize) override;
     uint32_t Crc32OfFileWithoutTags(const std::u16string& strPath, bool& bFailed) override;
+    uint32_t Crc32OfBlock(const void* pData, size_t uLength) override;
     void ComputeCrcs(const std::vector<CFileData*>& aFiles) override;
 
     CCrcThreadPool& Pool() { return m_pool; }

@@ -21,7 +21,15 @@ void WriteErr(std::u16string_view strText) {
 // The screen side of a progress dialog: its lines joined on the host's line.
 class CConsoleProgressView : public IProgressView {
 public:
-    explicit CConsoleProgressView(CConsoleHost& host) : m_host(host) {}
+    CConsoleProgressView(CConsoleHost& host, CProgressDialog& dialog) : m_host(host) {
+        if (dialog.CanStop()) {
+            m_host.SetStoppableDialog(&dialog);
+            m_bStoppable = true;
+        }
+    }
+    ~CConsoleProgressView() override {
+        if (m_bStoppable) m_host.SetStoppableDialog(nullptr);
+    }
     void SetText(std::u16string_view strText) override {
         m_strText = strText;
         Draw();
@@ -50,6 +58,7 @@ private:
     std::u16string m_strText;
     std::u16string m_aLines[3];
     int m_nPercent = 0;
+    bool m_bStoppable = false;
 };
 
 }  // namespace
@@ -62,10 +71,13 @@ CConsoleHost::~CConsoleHost() { ClearLine(); }
 
 void CConsoleHost::PumpMessages() {
     if (!platform::TakeInterrupt()) return;
+    m_bInterrupted = true;
     if (CWZorvaneDoc* pDoc = GetMainDocument(); pDoc && pDoc->m_bScanning) {
         pDoc->m_bStopRequested = 1;
         ClearLine();
         WriteErr(u"Stopping: the scan keeps what it has found so far.\n");
+    } else if (m_pStoppable) {
+        m_pStoppable->OnCancel();
     }
 }
 
@@ -86,9 +98,10 @@ void CConsoleHost::SetStatusText(std::u16string_view strText) {
     if (!strText.empty()) DrawLine(strText);
 }
 
-std::unique_ptr<IProgressView> CConsoleHost::OpenProgress(CProgressDialog&) {
-    if (!m_bTerminal) return nullptr;
-    return std::make_unique<CConsoleProgressView>(*this);
+std::unique_ptr<IProgressView> CConsoleHost::OpenProgress(CProgressDialog& dialog) {
+    // Without a terminal the view draws nothing, but still lets Ctrl-C
+    // reach the dialog's Cancel.
+    return std::make_unique<CConsoleProgressView>(*this, dialog);
 }
 
 void CConsoleHost::ShowErrorList(std::u16string_view strTitle, const CErrorList& errors) {

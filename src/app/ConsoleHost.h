@@ -11,6 +11,8 @@
 
 namespace zv {
 
+class CProgressDialog;
+
 class CConsoleHost : public IHost {
 public:
     CConsoleHost();
@@ -28,6 +30,11 @@ public:
     void DrawLine(std::u16string_view strText, bool bForce = false);
     // Clears the progress line, so that ordinary output starts on a clean line.
     void ClearLine();
+    // Whether Ctrl-C was pressed: it stops a running scan, or presses Cancel
+    // on the open progress dialog that has one.
+    bool WasInterrupted() const { return m_bInterrupted; }
+    // The progress view tells when its dialog opens and closes.
+    void SetStoppableDialog(CProgressDialog* pDialog) { m_pStoppable = pDialog; }
 
 private:
     // Checksum workers set status texts too.
@@ -35,6 +42,8 @@ private:
     bool m_bTerminal;
     bool m_bLineShown = false;
     std::chrono::steady_clock::time_point m_lastDraw;
+    bool m_bInterrupted = false;
+    CProgressDialog* m_pStoppable = nullptr;
 };
 
 }  // namespace zv

@@ -4,6 +4,8 @@
 #include <cstdlib>
 
 #include "analyses/CrcList.h"
+#include "analyses/DuplicateDirFinder.h"
+#include "analyses/DuplicateFileFinder.h"
 #include "core/document/Document.h"
 #include "core/state/RememberedLists.h"
 
@@ -23,6 +25,14 @@ void CProgramScanSteps::ExitAfterPrinting() {
     std::fflush(stdout);
     std::fflush(stderr);
     std::exit(0);
+}
+
+void CProgramScanSteps::FindDuplicates() {
+    CWZorvaneDoc& doc = *m_pDocument;
+    if (doc.m_options.m_bFindDupFilesAfterScan && doc.m_options.m_dupFiles.Any())
+        FindDuplicateFiles(doc);
+    if (doc.m_options.m_bFindDupDirsAfterScan && doc.m_options.m_dupDirs.Any())
+        FindDuplicateDirs(doc);
 }
 
 }  // namespace zv

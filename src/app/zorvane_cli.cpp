@@ -7,6 +7,7 @@
 #include "app/DateArgument.h"
 #include "app/LargestCommand.h"
 #include "app/MetaCommand.h"
+#include "app/DupsCommand.h"
 #include "app/ProgramServices.h"
 #include "app/ScanCommand.h"
 #include "app/SettingsCommand.h"
@@ -71,6 +72,7 @@ int main(int argc, char** argv) {
         "meta", "Print the metadata values of files (version, MP3, WAV, AVI, Office, installer).");
     pMeta->add_option("FILE", aMetaPaths, "File (one or more)")->required();
     pMeta->add_flag("--json", bMetaJson, "An array of {path, fields} objects");
+    zv::CDupsCommands dups(app);
 
     // Arguments as UTF-8 on every platform, so names beyond ASCII survive.
     const std::vector<std::string> aArgs = zv::platform::GetUtf8Arguments(argc, argv);
@@ -87,9 +89,8 @@ int main(int argc, char** argv) {
         return kUsageError;
     }
 
-    const bool bCommand =
-        pScan->parsed() || pSettings->parsed() || pCrc->parsed() || pLargest->parsed() ||
-        pMeta->parsed();
+    const bool bCommand = pScan->parsed() || pSettings->parsed() || pCrc->parsed() ||
+                          pLargest->parsed() || pMeta->parsed() || dups.Parsed();
     if (!strSettingsFile.empty() && bCommand) {
         std::fprintf(stderr, "zorvane-cli: give either a settings file or a command\n\n%s",
                      app.help().c_str());
@@ -101,6 +102,7 @@ int main(int argc, char** argv) {
     }
     if (pScan->parsed()) return zv::RunScanCommand(scan);
     if (pLargest->parsed()) return zv::RunLargestCommand(largest);
+    if (dups.Parsed()) return dups.Run();
     if (pSave->parsed()) return zv::RunSettingsSaveCommand(strSaveOut, strSaveIn);
     if (pCrc->parsed()) {
         zv::platform::PrepareConsoleProcess();

@@ -38,7 +38,8 @@ bool IsLowDate(FILETIME ft) { return ft.dwHighDateTime == 0 && ft.dwLowDateTime 
 
 }  // namespace
 
-CScanFilter::CScanFilter(CWZorvaneDoc& doc) : m_doc(doc), m_filters(doc.m_filters) {}
+CScanFilter::CScanFilter(CWZorvaneDoc& doc)
+    : m_doc(doc), m_filters(doc.m_filters), m_duplicates(doc) {}
 
 bool CScanFilter::IsActive() { return IsFilterActive(m_filters, m_doc.m_options); }
 
@@ -158,10 +159,8 @@ bool CScanFilter::PassesOwners(CFileCandidate& candidate) {
     return aOwners.empty() || AnyMatches(aOwners, strUpper, true);
 }
 
-bool CScanFilter::PassesDuplicateFilter(CFileCandidate&) {
-    // The comparison against the duplicate filter's files comes with the
-    // duplicate file finder; until then such a filter admits every file.
-    return true;
+bool CScanFilter::PassesDuplicateFilter(CFileCandidate& candidate) {
+    return m_duplicates.Admits(candidate);
 }
 
 }  // namespace zv

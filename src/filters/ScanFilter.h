@@ -5,6 +5,7 @@
 #pragma once
 
 #include "core/scan/ScanHooks.h"
+#include "filters/DuplicateFilter.h"
 
 namespace zv {
 
@@ -30,6 +31,7 @@ private:
 
     CWZorvaneDoc& m_doc;
     CFilterSet& m_filters;
+    CDuplicateFilter m_duplicates;
 };
 
 }  // namespace zv

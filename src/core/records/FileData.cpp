@@ -120,7 +120,7 @@ uint32_t CFileData::GetQuickCrc() {
         const int64_t nRead = reader.Read(aBlock, kBlock);
         if (nRead >= 0) {
             // The block is the whole file, so it is the full checksum too.
-            m_uQuickCrc = Crc32Buffer(aBlock, static_cast<size_t>(nRead));
+            m_uQuickCrc = RecordServices().Crc32OfBlock(aBlock, static_cast<size_t>(nRead));
             SetCrc(m_uQuickCrc);
         }
     } else {
@@ -130,7 +130,8 @@ uint32_t CFileData::GetQuickCrc() {
         const double dOffset = std::floor(m_dSize / 8192) * 4096;
         if (dOffset <= 2147483647.0 && reader.Seek(static_cast<uint64_t>(dOffset))) {
             const int64_t nRead = reader.Read(aBlock, kBlock);
-            if (nRead >= 0) m_uQuickCrc = Crc32Buffer(aBlock, static_cast<size_t>(nRead));
+            if (nRead >= 0)
+                m_uQuickCrc = RecordServices().Crc32OfBlock(aBlock, static_cast<size_t>(nRead));
         }
     }
     m_uFlags |= FILE_PARTIAL_CRC_VALID;

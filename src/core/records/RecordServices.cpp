@@ -34,6 +34,10 @@ uint32_t IRecordServices::Crc32OfFile(const std::u16string& strPath, bool& bFail
     return bAnyByte ? Crc32Final(uRegister) : 0;
 }
 
+uint32_t IRecordServices::Crc32OfBlock(const void* pData, size_t uLength) {
+    return Crc32Buffer(pData, uLength);
+}
+
 uint32_t IRecordServices::Crc32OfFileWithoutTags(const std::u16string& strPath, bool& bFailed) {
     return Crc32OfFile(strPath, bFailed, 0);
 }

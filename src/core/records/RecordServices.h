@@ -24,6 +24,8 @@ public:
     virtual uint32_t Crc32OfFile(const std::u16string& strPath, bool& bFailed, double dSize);
     // The same with MP3 tags left out where the name says MP3.
     virtual uint32_t Crc32OfFileWithoutTags(const std::u16string& strPath, bool& bFailed);
+    // The checksum of one block in memory (the quick checksum's sample).
+    virtual uint32_t Crc32OfBlock(const void* pData, size_t uLength);
     // Makes sure every file of the list has its whole-file checksum.
     virtual void ComputeCrcs(const std::vector<CFileData*>& aFiles);
     // Owner name of a path; null when it cannot be told.

@@ -1,0 +1,470 @@
+#include "analyses/DuplicateFileFinder.h"
+
+#include <algorithm>
+#include <chrono>
+
+#include "analyses/CrcServices.h"
+#include "analyses/DuplicateTrace.h"
+#include "analyses/FileComparison.h"
+#include "core/document/Document.h"
+#include "platform/Text.h"
+
+namespace zv {
+namespace {
+
+using platform::U16;
+
+std::u16string Number(size_t n) { return U16(std::to_string(n)); }
+
+// "<label> <percent>%, <done> / <total>"; the quick checksum's text has a
+// slip in its format that shows as "5" where "%" belongs.
+std::u16string ProgressText(const std::u16string& strLabel, int nPercent, size_t nDone,
+                            size_t nTotal, bool bQuickSlip = false) {
+    return strLabel + u" " + Number(size_t(nPercent)) + (bQuickSlip ? u"5, " : u"%, ") +
+           Number(nDone) + u" / " + Number(nTotal);
+}
+
+size_t CountFiles(const std::vector<CDuplicateGroup>& aGroups) {
+    size_t n = 0;
+    for (const CDuplicateGroup& group : aGroups) n += group.size();
+    return n;
+}
+
+int CompareSizeOrder(const CFileData* a, const CFileData* b) {
+    if (a->m_dSize != b->m_dSize) return a->m_dSize < b->m_dSize ? -1 : 1;
+    if (a->m_pDirectory != b->m_pDirectory) {
+        const int n = CDirectoryData::ComparePath(a->m_pDirectory, b->m_pDirectory);
+        if (n != 0) return n;
+    }
+    return platform::CompareNoCase(a->m_strName.View(), b->m_strName.View());
+}
+
+void SortForMethod(EPassMethod eMethod, std::vector<CFileData*>& aFiles) {
+    switch (eMethod) {
+        case EPassMethod::Size:
+            // Size, directory and name, all descending.
+            std::sort(aFiles.begin(), aFiles.end(), [](const CFileData* a, const CFileData* b) {
+                return CompareSizeOrder(a, b) > 0;
+            });
+            break;
+        case EPassMethod::Name:
+            std::sort(aFiles.begin(), aFiles.end(), [](CFileData* a, CFileData* b) {
+                return a->GetNameCrc() < b->GetNameCrc();
+            });
+            break;
+        case EPassMethod::Mp3Crc:
+            std::sort(aFiles.begin(), aFiles.end(), [](CFileData* a, CFileData* b) {
+                return a->GetMp3Crc() > b->GetMp3Crc();
+            });
+            break;
+        case EPassMethod::QuickCrc:
+            std::sort(aFiles.begin(), aFiles.end(), [](CFileData* a, CFileData* b) {
+                return a->GetQuickCrc() < b->GetQuickCrc();
+            });
+            break;
+        case EPassMethod::FullCrc:
+            std::sort(aFiles.begin(), aFiles.end(),
+                      [](CFileData* a, CFileData* b) { return a->GetCrc() < b->GetCrc(); });
+            break;
+        default:
+            break;
+    }
+}
+
+bool BothHave(const CFileData* a, const CFileData* b, uint32_t uBit) {
+    return (a->m_uFlags & uBit) && (b->m_uFlags & uBit);
+}
+
+// Whether two files agree on the pass's key. A failed quick checksum has no
+// valid bit and so matches nothing; a failed full checksum holds 0 with its
+// valid bit.
+bool PairEqual(EPassMethod eMethod, CFileData* a, CFileData* b) {
+    switch (eMethod) {
+        case EPassMethod::Size: return a->m_dSize == b->m_dSize;
+        case EPassMethod::Name: return a->GetNameCrc() == b->GetNameCrc();
+        case EPassMethod::Mp3Crc: return a->GetMp3Crc() == b->GetMp3Crc();
+        case EPassMethod::QuickCrc:
+            return BothHave(a, b, FILE_PARTIAL_CRC_VALID) && a->m_uQuickCrc == b->m_uQuickCrc;
+        case EPassMethod::FullCrc:
+            return BothHave(a, b, FILE_CRC_VALID) && a->m_uCrc == b->m_uCrc;
+        default: return false;
+    }
+}
+
+size_t BatchThreshold(size_t nTotal) {
+    return std::max<size_t>(static_cast<size_t>(double(nTotal) * 0.01), 20);
+}
+
+void RunPool(EPassMethod eMethod, const std::vector<CFileData*>& aBatch) {
+    if (eMethod == EPassMethod::FullCrc) ComputeCrcs(aBatch);
+    else if (eMethod == EPassMethod::Mp3Crc) ComputeMp3Crcs(aBatch);
+    else ComputeQuickCrcs(aBatch);
+}
+
+double SecondsSince(std::chrono::steady_clock::time_point start) {
+    return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
+}
+
+}  // namespace
+
+CDuplicateFileFinder::CDuplicateFileFinder(CWZorvaneDoc& doc)
+    : m_doc(doc), m_aDuplicateGroups(doc.m_results.m_aDuplicateGroups) {}
+
+bool CDuplicateFileFinder::Report(const std::u16string& strText, int nPercent) {
+    m_dialog.SetTextAndPercent(strText.c_str(), nPercent);
+    return !m_dialog.IsStopped();
+}
+
+bool CDuplicateFileFinder::Run() {
+    m_aDuplicateGroups.clear();
+    m_aConfirmedGroups.clear();
+    if (m_doc.m_scan.m_aAllFiles.IsEmpty()) return true;
+    CDuplicateTrace trace(m_doc.m_print.Flag(SaveAsUnicode));
+    const std::vector<EPassMethod> aPasses =
+        BuildPassList(m_doc.m_options.m_dupFiles, !m_doc.m_options.m_strCrcFromFile.empty());
+    if (aPasses.empty()) return true;
+    m_dialog.Open();
+
+    const bool bFinished = RunPasses(aPasses, trace);
+    if (bFinished) {
+        DropUnreadable();
+        for (size_t i = 0; i < m_aDuplicateGroups.size(); ++i)
+            for (CFileData* pFile : m_aDuplicateGroups[i]) pFile->m_nDuplicateGroup = int64_t(i);
+        if (m_doc.m_options.m_bOnlyDupFiles) KeepOnlyDuplicates();
+        for (CDuplicateGroup& group : m_aConfirmedGroups)
+            m_aDuplicateGroups.push_back(std::move(group));
+    } else {
+        m_aDuplicateGroups.clear();
+    }
+    m_aConfirmedGroups.clear();
+    return bFinished;
+}
+
+bool CDuplicateFileFinder::RunPasses(const std::vector<EPassMethod>& aPasses,
+                                     CDuplicateTrace& trace) {
+    for (size_t p = 0; p < aPasses.size(); ++p) {
+        const EPassMethod eMethod = aPasses[p];
+        trace.Write(eMethod == EPassMethod::ByteCompare
+                        ? std::u16string(u"Finding duplicates files based on: comparing byte by byte\n")
+                        : u"Finding duplicate files based on: " +
+                              std::u16string(PassTraceText(eMethod)) + u"\n");
+        trace.Flush();
+        const auto start = std::chrono::steady_clock::now();
+        // The second number is the pass count plus one, as it always was.
+        m_strLabel = u"Pass " + Number(p + 1) + u"/" + Number(aPasses.size() + 1) + u": " +
+                     PassLabelText(eMethod);
+
+        bool bGoOn = true;
+        if (p == 0) {
+            if (eMethod == EPassMethod::Mp3Crc) bGoOn = PrecomputeAllMp3Crcs();
+            if (eMethod == EPassMethod::Name) bGoOn = PrecomputeAllNameCrcs();
+            std::vector<CFileData*>& aAll = m_doc.m_scan.m_aAllFiles.Items();
+            bGoOn = bGoOn && GroupByKey(eMethod, aAll, m_aDuplicateGroups, 0, aAll.size());
+        } else {
+            switch (eMethod) {
+                case EPassMethod::Mp3Crc:
+                case EPassMethod::FullCrc:
+                case EPassMethod::QuickCrc: bGoOn = ComputeCrcsForGroups(eMethod); break;
+                case EPassMethod::ByteCompare: bGoOn = CompareGroupsByteByByte(); break;
+                case EPassMethod::SmallGroupsCrc: bGoOn = SettleSmallGroups(true); break;
+                case EPassMethod::SmallGroups: bGoOn = SettleSmallGroups(false); break;
+                default: break;
+            }
+            if (bGoOn && static_cast<int>(eMethod) < static_cast<int>(EPassMethod::ByteCompare))
+                bGoOn = Regroup(eMethod);
+        }
+        trace.Write(ElapsedText(SecondsSince(start)) + u", Total files left = " +
+                    Number(CountFiles(m_aDuplicateGroups)) + u"\n\n");
+        trace.Flush();
+        if (!bGoOn) return false;
+    }
+    return true;
+}
+
+bool CDuplicateFileFinder::Regroup(EPassMethod eMethod) {
+    const size_t nTotal = CountFiles(m_aDuplicateGroups);
+    std::vector<CDuplicateGroup> aNew;
+    size_t nDone = 0;
+    for (CDuplicateGroup& group : m_aDuplicateGroups) {
+        if (!GroupByKey(eMethod, group, aNew, nDone, nTotal)) return false;
+        nDone += group.size();
+    }
+    m_aDuplicateGroups = std::move(aNew);
+    return true;
+}
+
+bool CDuplicateFileFinder::GroupByKey(EPassMethod eMethod, std::vector<CFileData*>& aSource,
+                                      std::vector<CDuplicateGroup>& aTarget, size_t nDone,
+                                      size_t nTotal) {
+    SortForMethod(eMethod, aSource);
+    for (CFileData* pFile : aSource) pFile->m_uFlags &= ~FILE_IN_DUPLICATE_GROUP;
+    if (aSource.size() < 2) return true;
+
+    CPercentTracker tracker;
+    tracker.Update(double(nDone), double(nTotal));
+    CDuplicateGroup* pCurrent = nullptr;
+    CFileData* pRepresentative = nullptr;
+    for (size_t i = 0; i + 1 < aSource.size(); ++i) {
+        CFileData* a = aSource[i];
+        CFileData* b = aSource[i + 1];
+        if (tracker.Update(double(nDone + i + 1), double(nTotal)) &&
+            !Report(ProgressText(m_strLabel, tracker.GetPercent(), nDone + i + 1, nTotal),
+                    tracker.GetPercent()))
+            return false;
+        if (!PairEqual(eMethod, a, b)) {
+            pCurrent = nullptr;
+            pRepresentative = nullptr;
+            continue;
+        }
+        if (pRepresentative) {
+            if (!PairEqual(eMethod, a, pRepresentative)) {
+                aTarget.emplace_back();
+                pCurrent = &aTarget.back();
+                pRepresentative = a;
+            }
+        } else {
+            pRepresentative = a;
+        }
+        for (CFileData* pFile : {a, b}) {
+            if (pFile->m_uFlags & FILE_IN_DUPLICATE_GROUP) continue;
+            if (!pCurrent) {
+                aTarget.emplace_back();
+                pCurrent = &aTarget.back();
+            }
+            pCurrent->push_back(pFile);
+            pFile->m_uFlags |= FILE_IN_DUPLICATE_GROUP;
+        }
+    }
+    return true;
+}
+
+bool CDuplicateFileFinder::ComputeCrcsForGroups(EPassMethod eMethod) {
+    const size_t nTotal = CountFiles(m_aDuplicateGroups);
+    const bool bQuick = eMethod == EPassMethod::QuickCrc;
+    m_dialog.SetTextAndPercent((m_strLabel + u" 0%, 0 / " + Number(nTotal)).c_str(), 0);
+    const size_t nThreshold = BatchThreshold(nTotal);
+    std::vector<CFileData*> aBatch;
+    CPercentTracker tracker;
+    tracker.Update(0, double(nTotal));
+    size_t nCount = 0, nSinceReport = 0;
+    for (const CDuplicateGroup& group : m_aDuplicateGroups) {
+        for (CFileData* pFile : group)
+            if (eMethod != EPassMethod::FullCrc || !(pFile->m_uFlags & FILE_CRC_VALID))
+                aBatch.push_back(pFile);
+        if (aBatch.size() >= nThreshold) {
+            RunPool(eMethod, aBatch);
+            aBatch.clear();
+        }
+        nCount += group.size();
+        nSinceReport += group.size();
+        const bool bPercent = tracker.Update(double(nCount), double(nTotal));
+        const bool bCount = eMethod == EPassMethod::Mp3Crc ? nCount % 100 == 0 : nSinceReport >= 100;
+        if (bPercent || bCount) {
+            nSinceReport = 0;
+            if (!Report(ProgressText(m_strLabel, tracker.GetPercent(), nCount, nTotal, bQuick),
+                        bPercent ? tracker.GetPercent() : -1))
+                return false;
+        }
+    }
+    // What is left below the threshold is computed by the sort that follows.
+    return true;
+}
+
+bool CDuplicateFileFinder::PrecomputeAllMp3Crcs() {
+    std::vector<CFileData*>& aAll = m_doc.m_scan.m_aAllFiles.Items();
+    std::vector<CFileData*> aBatch;
+    CPercentTracker tracker;
+    for (size_t i = 0; i < aAll.size(); ++i) {
+        aBatch.push_back(aAll[i]);
+        if (aBatch.size() >= 100) {
+            ComputeMp3Crcs(aBatch);
+            aBatch.clear();
+        }
+        const bool bPercent = tracker.Update(double(i + 1), double(aAll.size()));
+        if (bPercent || (i + 1) % 100 == 0) {
+            if (!Report(ProgressText(m_strLabel, tracker.GetPercent(), i + 1, aAll.size()),
+                        bPercent ? tracker.GetPercent() : -1))
+                return false;
+        }
+    }
+    return true;
+}
+
+bool CDuplicateFileFinder::PrecomputeAllNameCrcs() {
+    std::vector<CFileData*>& aAll = m_doc.m_scan.m_aAllFiles.Items();
+    CPercentTracker tracker;
+    for (size_t i = 0; i < aAll.size(); ++i) {
+        aAll[i]->GetNameCrc();
+        if (tracker.Update(double(i + 1), double(aAll.size())) &&
+            !Report(ProgressText(m_strLabel, tracker.GetPercent(), i + 1, aAll.size()),
+                    tracker.GetPercent()))
+            return false;
+    }
+    return true;
+}
+
+bool CDuplicateFileFinder::SettleSmallGroups(bool bWithCrc) {
+    size_t nSmall = 0;
+    for (const CDuplicateGroup& group : m_aDuplicateGroups)
+        if (group.size() == 2 || group.size() == 3) ++nSmall;
+    m_dialog.SetTextAndPercent((m_strLabel + u" 0%, 0 / " + Number(nSmall)).c_str(), 0);
+    CPercentTracker tracker;
+    tracker.Update(0, double(nSmall));
+    size_t nHandled = 0;
+    // Walked from the last group to the first; the groups that stay open are
+    // gathered in reverse and turned round at the end.
+    std::vector<CDuplicateGroup> aOpen;
+    for (size_t i = m_aDuplicateGroups.size(); i-- > 0;) {
+        CDuplicateGroup& group = m_aDuplicateGroups[i];
+        if (group.size() < 2) continue;
+        if (group.size() >= 4) {
+            aOpen.push_back(std::move(group));
+            continue;
+        }
+        ++nHandled;
+        const bool bPercent = tracker.Update(double(nHandled), double(nSmall));
+        if ((bPercent || nHandled % 100 == 0) &&
+            !Report(ProgressText(m_strLabel, tracker.GetPercent(), nHandled, nSmall),
+                    bPercent ? tracker.GetPercent() : -1))
+            return false;
+
+        const double dSize = group[0]->m_dSize;
+        if (group.size() == 2) {
+            CFileData* a = group[0];
+            CFileData* b = group[1];
+            if (bWithCrc) {
+                if ((a->m_uFlags | b->m_uFlags) & FILE_CRC_VALID) {
+                    aOpen.push_back(std::move(group));  // for the full checksum stage
+                    continue;
+                }
+                const CPairComparison result =
+                    CompareTwoFilesWithCrc(a->GetFullPath(), b->GetFullPath(), dSize);
+                if (result.m_bError[0]) a->m_uFlags |= FILE_CRC_FAILED;
+                if (result.m_bError[1]) b->m_uFlags |= FILE_CRC_FAILED;
+                if (!result.m_bDifferent) {
+                    a->SetCrc(result.m_uCrc);
+                    b->SetCrc(result.m_uCrc);
+                    m_aConfirmedGroups.push_back(std::move(group));
+                }
+                continue;
+            }
+            if (BothHave(a, b, FILE_PARTIAL_CRC_VALID) && a->m_uQuickCrc != b->m_uQuickCrc) continue;
+            if (BothHave(a, b, FILE_CRC_VALID) && a->m_uCrc != b->m_uCrc) continue;
+            if (!CompareTwoFiles(a->GetFullPath(), b->GetFullPath(), dSize).m_bDifferent)
+                m_aConfirmedGroups.push_back(std::move(group));
+            continue;
+        }
+
+        if (bWithCrc && ((group[0]->m_uFlags | group[1]->m_uFlags | group[2]->m_uFlags) &
+                         FILE_CRC_VALID)) {
+            aOpen.push_back(std::move(group));
+            continue;
+        }
+        const std::u16string aPaths[3] = {group[0]->GetFullPath(), group[1]->GetFullPath(),
+                                          group[2]->GetFullPath()};
+        const CTripleComparison result =
+            bWithCrc ? CompareThreeFilesWithCrc(aPaths, dSize) : CompareThreeFiles(aPaths, dSize);
+        for (size_t k = 3; k-- > 0;) {
+            if (bWithCrc && result.m_bError[k]) group[k]->m_uFlags |= FILE_CRC_FAILED;
+            if (result.m_bError[k] || !result.m_bSurvivor[k]) {
+                group.erase(group.begin() + static_cast<std::ptrdiff_t>(k));
+            } else if (bWithCrc) {
+                group[k]->SetCrc(result.m_uCrc);
+            }
+        }
+        if (group.size() >= 2) m_aConfirmedGroups.push_back(std::move(group));
+    }
+    std::reverse(aOpen.begin(), aOpen.end());
+    m_aDuplicateGroups = std::move(aOpen);
+    return true;
+}
+
+bool CDuplicateFileFinder::CompareGroupsByteByByte() {
+    const size_t nTotal = CountFiles(m_aDuplicateGroups);
+    m_dialog.SetTextAndPercent((m_strLabel + u" 0%, 0 / " + Number(nTotal)).c_str(), 0);
+    const CCompareBuffer buffer;
+    CPercentTracker tracker;
+    tracker.Update(0, double(nTotal));
+    size_t nCount = 0;
+    for (CDuplicateGroup& group : m_aDuplicateGroups) {
+        const size_t nGroupSize = group.size();
+        std::vector<CDuplicateGroup> aSubgroups;
+        while (!group.empty()) {
+            CFileData* x = group.back();
+            group.pop_back();
+            if (x->m_dSize != 0 && buffer.Data() && !ReadHead(*x, buffer)) continue;
+            bool bPlaced = false;
+            for (CDuplicateGroup& subgroup : aSubgroups) {
+                if (FilesEqual(*x, *subgroup[0], buffer)) {
+                    subgroup.push_back(x);
+                    bPlaced = true;
+                    break;
+                }
+            }
+            if (bPlaced) continue;
+            CDuplicateGroup* pNew = nullptr;
+            for (size_t k = group.size(); k-- > 0;) {
+                if (!FilesEqual(*x, *group[k], buffer)) continue;
+                if (!pNew) {
+                    aSubgroups.emplace_back(CDuplicateGroup{x});
+                    pNew = &aSubgroups.back();
+                }
+                pNew->push_back(group[k]);
+                group.erase(group.begin() + static_cast<std::ptrdiff_t>(k));
+            }
+        }
+        for (CDuplicateGroup& subgroup : aSubgroups) m_aConfirmedGroups.push_back(std::move(subgroup));
+        nCount += nGroupSize;
+        const bool bPercent = tracker.Update(double(nCount), double(nTotal));
+        if ((bPercent || nCount % 100 == 0) &&
+            !Report(ProgressText(m_strLabel, tracker.GetPercent(), nCount, nTotal),
+                    bPercent ? tracker.GetPercent() : -1))
+            return false;
+    }
+    m_aDuplicateGroups.clear();
+    return true;
+}
+
+void CDuplicateFileFinder::DropUnreadable() {
+    // A file whose content could not be read equals nothing it is grouped
+    // with, even where its failed checksum matches another's.
+    const CDuplicateFileCriteria& criteria = m_doc.m_options.m_dupFiles;
+    uint32_t uFailed = 0;
+    if (criteria.m_bByCrc) uFailed |= FILE_CRC_FAILED;
+    if (criteria.m_bByCrcWithoutTags) uFailed |= FILE_CRC_NOTAGS_FAILED;
+    if (!uFailed) return;
+    for (std::vector<CDuplicateGroup>* pList : {&m_aDuplicateGroups, &m_aConfirmedGroups}) {
+        std::vector<CDuplicateGroup> aKept;
+        for (CDuplicateGroup& group : *pList) {
+            std::erase_if(group, [uFailed](const CFileData* p) { return p->m_uFlags & uFailed; });
+            if (group.size() >= 2) aKept.push_back(std::move(group));
+        }
+        *pList = std::move(aKept);
+    }
+}
+
+void CDuplicateFileFinder::KeepOnlyDuplicates() {
+    // A file that fell out in a byte or small-group stage keeps its bit: the
+    // bit is only set and cleared by the grouping.
+    std::vector<CFileData*>& aAll = m_doc.m_scan.m_aAllFiles.Items();
+    std::erase_if(m_doc.m_results.m_aLargestFiles, [](const CFileData* p) {
+        return !(p->m_uFlags & FILE_IN_DUPLICATE_GROUP);
+    });
+    std::vector<CFileData*> aKept;
+    aKept.reserve(aAll.size());
+    for (CFileData* pFile : aAll) {
+        if (pFile->m_uFlags & FILE_IN_DUPLICATE_GROUP) {
+            aKept.push_back(pFile);
+        } else if (pFile->m_pDirectory) {
+            pFile->m_pDirectory->RemoveFile(pFile);  // deletes the record
+        }
+    }
+    aAll = std::move(aKept);
+}
+
+bool FindDuplicateFiles(CWZorvaneDoc& doc) {
+    if (doc.m_scan.m_aAllFiles.IsEmpty()) return true;
+    return CDuplicateFileFinder(doc).Run();
+}
+
+}  // namespace zv

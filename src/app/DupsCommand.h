@@ -1,0 +1,45 @@
+// zorvane-cli dups and dupdirs: scan, search for duplicate files or
+// directories, and print the groups in their sorted order.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "app/ScanOptions.h"
+
+namespace CLI {
+class App;
+}
+
+namespace zv {
+
+struct CDupsOptions {
+    CScanCommandOptions m_scan;
+    std::vector<std::string> m_aBy;  // criteria words; empty: the settings file's
+    bool m_bDirectories = false;
+};
+
+// Registers both commands on the program's parser.
+class CDupsCommands {
+public:
+    explicit CDupsCommands(CLI::App& app);
+    bool Parsed() const;
+    // Exit status: 0 all read, 1 something unreadable or output failed,
+    // 2 bad usage, 130 interrupted.
+    int Run();
+
+private:
+    CDupsOptions m_files, m_dirs;
+    CLI::App* m_pFiles;
+    CLI::App* m_pDirs;
+};
+
+// The command itself, for the parsed options.
+int RunDupsCommand(CDupsOptions& options);
+
+// A JSON string of UTF-16 text that loses nothing: a lone surrogate, which
+// stands for a byte of a name that is not UTF-8, is written as its \u
+// escape (\udcXX) rather than replaced.
+void AppendJsonString(std::string& strOut, std::u16string_view strText);
+
+}  // namespace zv
