@@ -5,17 +5,12 @@
 #include "Version.h"
 #include "app/CrcCommand.h"
 #include "app/DateArgument.h"
+#include "app/ExitStatus.h"
 #include "app/ProgramServices.h"
 #include "app/ScanCommand.h"
 #include "app/SettingsCommand.h"
 #include "platform/Console.h"
 #include "platform/Text.h"
-
-namespace {
-
-constexpr int kUsageError = 2;
-
-}  // namespace
 
 int main(int argc, char** argv) {
     CLI::App app{"Zorvane scans directory trees and reports on what it finds.", "zorvane-cli"};
@@ -29,7 +24,8 @@ int main(int argc, char** argv) {
     app.footer(
         "A settings file named like a command is given as ./NAME or after --.\n"
         "Settings files are UTF-16 with a byte order mark, as 'settings save' writes them, or "
-        "UTF-8.");
+        "UTF-8.\n" +
+        std::string(zv::kExitStatusHelp));
 
     zv::CScanCommandOptions scan;
     CLI::App* pScan =
@@ -39,6 +35,8 @@ int main(int argc, char** argv) {
     pScan->add_flag("--list", scan.m_bList,
                     "After the summary, print the full path of every file kept, one per line "
                     "(in JSON: the array files_list)");
+    pScan->add_flag("-0,--null", scan.m_bNullEnds,
+                    "With --list, end each path with a NUL instead of a line feed");
 
     CLI::App* pSettings = app.add_subcommand("settings", "Work with settings files.");
     pSettings->require_subcommand(1);
@@ -73,17 +71,18 @@ int main(int argc, char** argv) {
         return app.exit(e);
     } catch (const CLI::ParseError& e) {
         std::fprintf(stderr, "zorvane-cli: %s\n\n%s", e.what(), app.help().c_str());
-        return kUsageError;
+        return zv::kExitUsage;
     }
 
     const bool bCommand = pScan->parsed() || pSettings->parsed() || pCrc->parsed();
     if (!strSettingsFile.empty() && bCommand) {
         std::fprintf(stderr, "zorvane-cli: give either a settings file or a command\n\n%s",
                      app.help().c_str());
-        return kUsageError;
+        return zv::kExitUsage;
     }
     if (!strSettingsFile.empty()) {
         scan.m_strSettingsFile = strSettingsFile;
+        scan.m_bRemember = true;  // as the desktop program started with the file
         return zv::RunScanCommand(scan);
     }
     if (pScan->parsed()) return zv::RunScanCommand(scan);
@@ -98,5 +97,5 @@ int main(int argc, char** argv) {
     }
     std::fprintf(stderr, "zorvane-cli: give a settings file or a command\n\n%s",
                  app.help().c_str());
-    return kUsageError;
+    return zv::kExitUsage;
 }
