@@ -31,6 +31,7 @@ int main(int argc, char** argv) {
     CLI::App* pScan =
         app.add_subcommand("scan", "Scan directory trees and print a summary of what they hold.");
     zv::AddScanOptions(*pScan, scan);
+    pScan->footer(zv::kExitStatusHelp);
     pScan->add_flag("--json", scan.m_bJson, "Print the summary as one JSON object");
     pScan->add_flag("--list", scan.m_bList,
                     "After the summary, print the full path of every file kept, one per line "
@@ -53,6 +54,7 @@ int main(int argc, char** argv) {
         "crc",
         "Print the CRC-32 of each file, directories recursively in name order: the checksum as "
         "reports write it, two spaces, the full path; UNKNOWN for a file that cannot be read.");
+    pCrc->footer(zv::kExitStatusHelp);
     pCrc->add_option("PATH", aCrcPaths, "File or directory (one or more)")->required();
     pCrc->add_flag("--hex", bCrcHex, "Hexadecimal instead of decimal");
     pCrc->add_flag("--no-tags", bCrcNoTags, "Leave MP3 tags (ID3v1, ID3v2) out of .mp3 files");
