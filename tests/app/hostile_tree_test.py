@@ -7,6 +7,8 @@ remembering runs.
 Usage: hostile_tree_test.py ZORVANE_CLI            (native; as root the
                                                      mount cases run, as a
                                                      user the permission ones)
+       hostile_tree_test.py --statuses-only ZORVANE_CLI   (the exit statuses,
+                                                     for a second run as a user)
        hostile_tree_test.py --wine WINE ZORVANE_CLI.exe
 """
 import json
@@ -272,6 +274,9 @@ def remembering(cli, temp):
 
 def main(argv):
     wine = None
+    statuses_only = argv[1] == "--statuses-only"
+    if statuses_only:
+        argv = argv[1:]
     if argv[1] == "--wine":
         wine, cli_path = argv[2], argv[3]
     else:
@@ -281,7 +286,7 @@ def main(argv):
     cli = Cli(cli_path, wine, env)
     try:
         exit_statuses(cli, temp)
-        if not wine:
+        if not wine and not statuses_only:
             # Under Wine the registry is the store; the remembering case
             # runs natively only, where the file store is shared.
             remembering(cli, temp)
