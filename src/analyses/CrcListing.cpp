@@ -54,7 +54,7 @@ public:
             m_err("not followed (a link or mount point): " + Utf16ToUtf8(strFullPath) + "\n");
         } else if (entry.IsDirectory()) {
             AddDirectory(strFullPath);
-        } else if (platform::IsSpecialFile(strFullPath)) {
+        } else if ((entry.uAttributes & ATTR_SYSTEM) && platform::IsSpecialFile(strFullPath)) {
             m_err("skipped (not a regular file): " + Utf16ToUtf8(strFullPath) + "\n");
         } else {
             m_aBatch.push_back(std::make_unique<CFileData>(strFullPath, entry.Size(), FILETIME{},

@@ -132,8 +132,9 @@ uint32_t GetFileAttributes(std::u16string_view path);
 // bFollowLink (then what it leads to, as for a root the user named).
 bool GetEntryInfo(std::u16string_view path, CDirEntry& entry, bool bFollowLink = false);
 
-// True only for an object known to be neither a regular file, a directory
-// nor a link: a device, FIFO or socket, which has no contents to read.
+// True only for an object known to be neither a regular file nor a
+// directory (a final link followed): a device, FIFO or socket, which has no
+// contents to read.
 bool IsSpecialFile(std::u16string_view path);
 
 // File-system name of the volume holding path (for example "NTFS", "ext4").

@@ -426,8 +426,8 @@ bool GetEntryInfo(std::u16string_view path, CDirEntry& entry, bool bFollowLink) 
 
 bool IsSpecialFile(std::u16string_view path) {
     struct stat st;
-    if (lstat(Utf16ToUtf8(path).c_str(), &st) != 0) return false;
-    return !S_ISREG(st.st_mode) && !S_ISDIR(st.st_mode) && !S_ISLNK(st.st_mode);
+    if (stat(Utf16ToUtf8(path).c_str(), &st) != 0) return false;
+    return !S_ISREG(st.st_mode) && !S_ISDIR(st.st_mode);
 }
 
 bool GetVolumeInformation(std::u16string_view path, std::u16string& strFileSystem) {
