@@ -82,10 +82,10 @@ public:
             ComputeCrcs(aFiles);
         std::string strLines;
         for (CFileData* pFile : aFiles) {
-            const std::string strCrc =
-                m_aUnreadable.count(pFile) ? "UNKNOWN"
-                : m_options.bQuick         ? QuickCrcText(*pFile, m_options.bHex)
-                : m_options.bNoTags        ? Utf16ToUtf8(pFile->GetMp3CrcText(m_options.bHex))
+            const std::string strCrc = m_aUnreadable.count(pFile) ? "UNKNOWN"
+                                       : m_options.bQuick ? QuickCrcText(*pFile, m_options.bHex)
+                                       : m_options.bNoTags
+                                           ? Utf16ToUtf8(pFile->GetMp3CrcText(m_options.bHex))
                                            : Utf16ToUtf8(pFile->GetCrcText(m_options.bHex));
             if (strCrc == "UNKNOWN") m_result.bAllRead = false;
             strLines += strCrc + "  " + Utf16ToUtf8(pFile->m_strName.View()) + "\n";

@@ -25,7 +25,8 @@ int RunCrcCommand(const std::vector<std::u16string>& aPaths, bool bHex, bool bNo
     };
     const CCrcListingResult result = WriteCrcListing(aPaths, options, out, err);
     const bool bWritten = output.Finish();
-    if (result.bStopped) std::fputs("zorvane-cli crc: stopped; the lines above are complete.\n", stderr);
+    if (result.bStopped)
+        std::fputs("zorvane-cli crc: stopped; the lines above are complete.\n", stderr);
     return ExitStatusOf(result.bStopped, !bWritten || !result.bAllFound || !result.bAllRead);
 }
 

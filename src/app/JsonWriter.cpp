@@ -41,7 +41,8 @@ std::string JsonString(std::u16string_view strText) {
     for (size_t i = 0; i < strText.size(); ++i) {
         const char16_t ch = strText[i];
         if (IsHighSurrogate(ch) && i + 1 < strText.size() && IsLowSurrogate(strText[i + 1])) {
-            AppendUtf8(strOut, 0x10000 + ((char32_t(ch) - 0xD800) << 10) + (strText[i + 1] - 0xDC00));
+            AppendUtf8(strOut,
+                       0x10000 + ((char32_t(ch) - 0xD800) << 10) + (strText[i + 1] - 0xDC00));
             ++i;
         } else if (IsHighSurrogate(ch) || IsLowSurrogate(ch)) {
             AppendEscape(strOut, ch);

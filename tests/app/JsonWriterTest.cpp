@@ -1,6 +1,6 @@
-#include "app/JsonWriter.h"
-
 #include <gtest/gtest.h>
+
+#include "app/JsonWriter.h"
 
 namespace zv {
 namespace {
@@ -11,9 +11,9 @@ TEST(JsonStringTest, EscapesWhatJsonNeedsAndKeepsLoneSurrogates) {
         {u"q\"b\\", "\"q\\\"b\\\\\""},
         {u"a\nb\tc\x01", "\"a\\nb\\tc\\u0001\""},
         {u"\u00e9\u65e5", "\"\xc3\xa9\xe6\x97\xa5\""},
-        {u"\U0001F600", "\"\xf0\x9f\x98\x80\""},       // a pair is one character
-        {u"a\xdcff", "\"a\\udcff\""},                   // an escaped byte 0xFF
-        {u"a\xdcfe", "\"a\\udcfe\""},                   // stays apart from 0xFE
+        {u"\U0001F600", "\"\xf0\x9f\x98\x80\""},               // a pair is one character
+        {u"a\xdcff", "\"a\\udcff\""},                          // an escaped byte 0xFF
+        {u"a\xdcfe", "\"a\\udcfe\""},                          // stays apart from 0xFE
         {std::u16string(1, char16_t(0xD800)), "\"\\ud800\""},  // a lone high half
     };
     for (const auto& [strText, strJson] : aCases) EXPECT_EQ(JsonString(strText), strJson);
@@ -30,8 +30,9 @@ TEST(JsonWriterTest, PrettyPrintsNestedValues) {
     json.Key("n").Number(uint64_t(3));
     json.Key("b").Bool(false);
     json.EndObject();
-    EXPECT_EQ(json.Text(),
-              "{\n  \"list\": [\n    \"x\"\n  ],\n  \"none\": [],\n  \"n\": 3,\n  \"b\": false\n}\n");
+    EXPECT_EQ(
+        json.Text(),
+        "{\n  \"list\": [\n    \"x\"\n  ],\n  \"none\": [],\n  \"n\": 3,\n  \"b\": false\n}\n");
 }
 
 }  // namespace

@@ -5,10 +5,10 @@
 #include <string_view>
 
 #include "core/document/Document.h"
+#include "core/document/SortCodes.h"
 #include "core/host/Host.h"
 #include "core/host/ProgressDialog.h"
 #include "core/records/RecordPath.h"
-#include "core/document/SortCodes.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 

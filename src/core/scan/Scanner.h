@@ -40,7 +40,7 @@ private:
         int nLevel = 0;
         size_t nPathLength = 0;  // of its path, the front of m_strPath
         size_t nChildrenLeft = 0;
-        bool bAnchor = false;  // its handle stays open however many are in use
+        bool bAnchor = false;               // its handle stays open however many are in use
         platform::CDirectoryReader reader;  // open while children are opened from it
     };
 

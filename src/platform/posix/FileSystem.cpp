@@ -251,7 +251,7 @@ int OpenForReading(const std::string& strPath) {
 
 struct CDirectoryReader::Impl {
     DIR* pDir = nullptr;
-    std::string strName;  // the directory's own name, for its hidden bit
+    std::string strName;   // the directory's own name, for its hidden bit
     uint64_t uDevice = 0;  // of the directory itself: a subdirectory elsewhere is a mount
 
     ~Impl() {

@@ -7,10 +7,9 @@
 
 #include <errno.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
-
-#include <sys/file.h>
 
 #include <cstdlib>
 #include <mutex>
