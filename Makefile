@@ -1,10 +1,11 @@
 # Convenience targets around CMake presets.
 .PHONY: run test build clean fuzz
 
-# Builds the release binary and scans a directory every machine has.
+# Installs only what the release build needs, builds the release binary
+# and scans a directory every machine has.
 RUN_TREE ?= /usr/share
 run:
-	scripts/install-deps.sh
+	scripts/install-deps.sh --build
 	cmake --preset release -DZORVANE_BUILD_TESTS=OFF >/dev/null
 	cmake --build --preset release --target zorvane-cli
 	build/release/src/app/zorvane-cli scan $(RUN_TREE)

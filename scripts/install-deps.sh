@@ -1,20 +1,33 @@
 #!/usr/bin/env bash
-# Installs the Debian packages the build and the tests need, and any further
-# packages named as arguments (the benchmarks name theirs), if any is
-# missing. Needs root (or sudo) only when something is to be installed.
+# Installs the Debian packages that are missing, and any further packages
+# named as arguments (the benchmarks name theirs). Needs root (or sudo) only
+# when something is to be installed.
+#
+#   install-deps.sh --build [PKG...]   what the release build needs (make run)
+#   install-deps.sh [PKG...]           that and everything the tests, the
+#                                      sanitizers, the fuzzers and the Windows
+#                                      cross build need (make test)
 set -euo pipefail
 
-packages=(
-  cmake ninja-build g++ pkg-config
-  googletest libgtest-dev libbenchmark-dev
-  g++-mingw-w64-x86-64-posix wine wine64
-  util-linux tzdata python3
-  libcli11-dev nlohmann-json3-dev
-  libpugixml-dev dpkg-dev
-  libzip-dev zlib1g-dev libz-mingw-w64-dev
-  clang libclang-rt-14-dev
-  "$@"
+build_packages=(
+  cmake ninja-build g++ pkg-config tzdata
+  libcli11-dev nlohmann-json3-dev libpugixml-dev
+  libzip-dev zlib1g-dev
 )
+test_packages=(
+  googletest libgtest-dev libbenchmark-dev
+  g++-mingw-w64-x86-64-posix wine wine64 libz-mingw-w64-dev
+  util-linux python3 dpkg-dev
+  clang libclang-rt-14-dev
+)
+
+packages=("${build_packages[@]}")
+if [ "${1:-}" = "--build" ]; then
+  shift
+else
+  packages+=("${test_packages[@]}")
+fi
+packages+=("$@")
 
 missing=()
 for p in "${packages[@]}"; do

@@ -3,6 +3,7 @@
 #include <chrono>
 #include <cstdio>
 
+#include "app/ExitStatus.h"
 #include "app/ProgramScanSteps.h"
 #include "app/SettingsCommand.h"
 #include "core/scan/Scanner.h"
@@ -48,6 +49,16 @@ void ApplyFilterOptions(const CScanCommandOptions& options, CFilterSet& filters)
     SetDate(filters.m_aDates[ModifiedBefore], options.m_ftModifiedBefore);
 }
 
+// "photos/" typed for "photos" names the same root; the file-system root
+// ("/", "C:\\") keeps its separator.
+std::u16string WithoutTrailingSeparators(std::u16string strPath) {
+    auto IsSeparator = [](char16_t ch) { return ch == u'/' || ch == platform::kPathSeparator; };
+    while (strPath.size() > 1 && IsSeparator(strPath.back()) &&
+           !(strPath.size() == 3 && strPath[1] == u':'))
+        strPath.pop_back();
+    return strPath;
+}
+
 }  // namespace
 
 CCommandScan::CCommandScan(const CScanCommandOptions& options) : m_options(options) {
@@ -62,17 +73,21 @@ CCommandScan::~CCommandScan() {
 }
 
 int CCommandScan::Prepare() {
-    if (!OpenDocumentWithSettings(m_doc, m_options.m_strSettingsFile)) return 2;
+    if (!OpenDocumentWithSettings(m_doc, m_options.m_strSettingsFile)) return kExitUsage;
     int nStatus = 0;
     for (const std::string& strRoot : m_options.m_aRoots) {
-        const std::u16string strPath = platform::Utf8ToUtf16(strRoot);
-        const uint32_t uAttributes = platform::GetFileAttributes(strPath);
-        if (uAttributes == ATTR_INVALID || !(uAttributes & ATTR_DIRECTORY)) {
+        const std::u16string strPath = WithoutTrailingSeparators(platform::Utf8ToUtf16(strRoot));
+        // A root names what the user means: a link to a directory is
+        // followed for the root itself (never below it). Its times are read
+        // here, once.
+        CDirEntry entry;
+        if (!platform::GetEntryInfo(strPath, entry, true) || !entry.IsDirectory()) {
             std::fprintf(stderr, "zorvane-cli: not a directory: %s\n", strRoot.c_str());
-            nStatus = 2;
+            nStatus = kExitUsage;
             continue;
         }
-        auto* pRoot = new CRootDirectoryData(strPath);
+        auto* pRoot = new CRootDirectoryData(strPath, entry.ftCreated, entry.ftAccessed,
+                                             entry.ftModified, entry.uAttributes);
         pRoot->Prepare(m_doc.m_scan.m_aDrives);
         m_doc.m_scan.m_aRoots.Add(pRoot);
     }
@@ -80,7 +95,7 @@ int CCommandScan::Prepare() {
         std::fprintf(stderr,
                      "zorvane-cli: nothing to scan: give a ROOT, or a settings file with "
                      "[SCAN DIRECTORIES]\n");
-        nStatus = 2;
+        nStatus = kExitUsage;
     }
     if (nStatus != 0) return nStatus;
     // Options given on the command line win over the settings file.
@@ -92,7 +107,7 @@ int CCommandScan::Prepare() {
 
 void CCommandScan::Scan(IScanSteps* pSteps) {
     CScanFilter filter(m_doc);
-    CProgramScanSteps steps;
+    CProgramScanSteps steps(m_options.m_bRemember);
     CScanner scanner(m_doc, &filter, pSteps ? pSteps : &steps);
     const auto start = std::chrono::steady_clock::now();
     scanner.Rescan();

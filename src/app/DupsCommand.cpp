@@ -37,6 +37,7 @@ int WordIndex(const char* const (&aWords)[N], const std::string& strWord) {
 // "search after scanning" does not run it a second time.
 class CDupsScanSteps : public CProgramScanSteps {
 public:
+    CDupsScanSteps() : CProgramScanSteps(false) {}
     void FindDuplicates() override {}
 };
 

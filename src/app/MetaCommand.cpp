@@ -2,6 +2,7 @@
 
 #include <cstdio>
 
+#include "app/JsonWriter.h"
 #include "app/ProgramServices.h"
 #include "core/document/Document.h"
 #include "core/records/FileData.h"
@@ -16,35 +17,7 @@ namespace {
 
 void Write(const std::string& strText) { std::fwrite(strText.data(), 1, strText.size(), stdout); }
 
-std::string Hex4(unsigned u) {
-    char szText[8];
-    std::snprintf(szText, sizeof szText, "\\u%04x", u);
-    return szText;
-}
-
 }  // namespace
-
-std::string JsonString(std::u16string_view str) {
-    std::string strOut = "\"";
-    for (size_t n = 0; n < str.size(); ++n) {
-        const char16_t c = str[n];
-        if (c == u'"' || c == u'\\') {
-            strOut += '\\';
-            strOut += char(c);
-        } else if (c < 0x20 || c == 0x7F) {
-            strOut += Hex4(c);
-        } else if (c >= 0xD800 && c <= 0xDBFF && n + 1 < str.size() && str[n + 1] >= 0xDC00 &&
-                   str[n + 1] <= 0xDFFF) {
-            strOut += platform::Utf16ToUtf8(str.substr(n, 2));
-            ++n;
-        } else if (c >= 0xD800 && c <= 0xDFFF) {
-            strOut += Hex4(c);
-        } else {
-            strOut += platform::Utf16ToUtf8(str.substr(n, 1));
-        }
-    }
-    return strOut + "\"";
-}
 
 int RunMetaCommand(const std::vector<std::string>& aUtf8Paths, bool bJson) {
     platform::PrepareConsoleProcess();

@@ -13,8 +13,4 @@ namespace zv {
 // The paths come as UTF-8, as the command line gives them.
 int RunMetaCommand(const std::vector<std::string>& aUtf8Paths, bool bJson);
 
-// A JSON string literal of UTF-16 text: a lone surrogate, such as a name
-// byte that is not UTF-8, is written as its \uXXXX escape, so no name is lost.
-std::string JsonString(std::u16string_view str);
-
 }  // namespace zv

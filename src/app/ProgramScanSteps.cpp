@@ -11,7 +11,9 @@
 
 namespace zv {
 
-void CProgramScanSteps::SaveRemembered() { SaveRememberedLists(*m_pDocument); }
+void CProgramScanSteps::SaveRemembered() {
+    if (m_bRemember) SaveRememberedLists(*m_pDocument);
+}
 
 void CProgramScanSteps::ApplyCrcList() {
     CWZorvaneDoc& doc = *m_pDocument;

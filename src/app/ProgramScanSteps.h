@@ -1,8 +1,9 @@
 // The steps around a scan as the command line runs them: the largest lists
-// and total tables are filled, the remembered lists are saved, a checksum
-// list is applied, "Exit program after printing" ends the process, and the
-// duplicate searches the settings ask for run. Reports and the tree control
-// join as those subsystems arrive.
+// and total tables are filled, the remembered lists are saved when the run
+// stands for the desktop program (a settings file given as the program's
+// argument), a checksum list is applied, "Exit program after printing" ends
+// the process, and the duplicate searches the settings ask for run. Reports
+// and the tree control join as those subsystems arrive.
 #pragma once
 
 #include "analyses/LargestScanSteps.h"
@@ -11,11 +12,16 @@ namespace zv {
 
 class CProgramScanSteps : public CLargestScanSteps {
 public:
+    explicit CProgramScanSteps(bool bRemember) : m_bRemember(bRemember) {}
+
     void SaveRemembered() override;
     void ApplyCrcList() override;
     void ExitAfterPrinting() override;
     // The duplicate searches the settings ask for after every scan.
     void FindDuplicates() override;
+
+private:
+    bool m_bRemember;
 };
 
 }  // namespace zv

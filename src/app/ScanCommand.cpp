@@ -1,8 +1,8 @@
 #include "app/ScanCommand.h"
 
-#include <cstdio>
-
+#include "app/CheckedOutput.h"
 #include "app/CommandScan.h"
+#include "app/ExitStatus.h"
 #include "app/ScanSummary.h"
 
 namespace zv {
@@ -14,11 +14,11 @@ int RunScanCommand(const CScanCommandOptions& options) {
     command.Scan();
     const CScanSummary summary =
         SummarizeScan(command.Doc(), command.ElapsedSeconds(), options.m_bList);
-    const std::string strOut =
-        options.m_bJson ? FormatSummaryJson(summary) : FormatSummaryText(summary);
-    std::fwrite(strOut.data(), 1, strOut.size(), stdout);
-    std::fflush(stdout);
-    return 0;
+    CCheckedOutput out;
+    out.Write(options.m_bJson ? FormatSummaryJson(summary)
+                              : FormatSummaryText(summary, options.m_bNullEnds));
+    const bool bWritten = out.Finish();
+    return ExitStatusOf(summary.m_bStopped, !bWritten || !summary.m_aProtected.empty());
 }
 
 }  // namespace zv

@@ -1,12 +1,24 @@
 #include "app/ScanOptions.h"
 
 #include <CLI/CLI.hpp>
+#include <cmath>
 
 #include "app/DateArgument.h"
 
 namespace zv {
 
 namespace {
+
+// A byte count: a finite number, not negative ("nan", "inf" and "-5" are
+// refused with the option's name).
+const CLI::Validator kByteCount(
+    [](std::string& strValue) -> std::string {
+        double d = 0;
+        if (!CLI::detail::lexical_cast(strValue, d) || !std::isfinite(d) || d < 0)
+            return "not a number of bytes (0 or more): " + strValue;
+        return std::string();
+    },
+    "");
 
 // Options that fill the filter lists: repeatable, patterns with '*' and '?'
 // compared without regard to case.
@@ -41,13 +53,13 @@ void AddFilterOptions(CLI::App& command, CScanCommandOptions& scan) {
             "--min-size", [&scan](double d) { scan.m_dMinSize = d; },
             "Keep only files of at least BYTES")
         ->type_name("BYTES")
-        ->check(CLI::NonNegativeNumber);
+        ->check(kByteCount);
     command
         .add_option_function<double>(
             "--max-size", [&scan](double d) { scan.m_dMaxSize = d; },
             "Keep only files of at most BYTES")
         ->type_name("BYTES")
-        ->check(CLI::NonNegativeNumber);
+        ->check(kByteCount);
     auto DateOption = [&command](const char* pszName, std::optional<FILETIME>& ftValue,
                                  const char* pszHelp) {
         command

@@ -22,6 +22,10 @@ struct CScanCommandOptions {
     bool m_bNoSubdirs = false;
     bool m_bJson = false;
     bool m_bList = false;
+    bool m_bNullEnds = false;  // listed paths end with NUL
+    // The run stands for the desktop program (a settings file given as the
+    // program's argument): its roots and filters are remembered.
+    bool m_bRemember = false;
 
     // Filters, each list as given (UTF-8).
     std::vector<std::string> m_aNames, m_aExcludeNames, m_aExcludePaths;

@@ -1,8 +1,8 @@
 #include "app/ScanSummary.h"
 
 #include <cstdio>
-#include <nlohmann/json.hpp>
 
+#include "app/JsonWriter.h"
 #include "core/document/Document.h"
 #include "platform/Text.h"
 
@@ -44,7 +44,7 @@ CScanSummary SummarizeScan(const CWZorvaneDoc& doc, double dSeconds, bool bListF
     return summary;
 }
 
-std::string FormatSummaryText(const CScanSummary& summary) {
+std::string FormatSummaryText(const CScanSummary& summary, bool bNullEnds) {
     std::string strText;
     strText += "Roots: " + std::to_string(summary.m_aRoots.size()) + "\n";
     for (const std::u16string& strRoot : summary.m_aRoots) strText += "  " + Utf8(strRoot) + "\n";
@@ -62,33 +62,32 @@ std::string FormatSummaryText(const CScanSummary& summary) {
         strText += "Stopped before the end: the figures cover what was scanned.\n";
     if (summary.m_bListed) {
         strText += "\n";
-        for (const std::u16string& strPath : summary.m_aFiles) strText += Utf8(strPath) + "\n";
+        const char chEnd = bNullEnds ? '\0' : '\n';
+        for (const std::u16string& strPath : summary.m_aFiles) strText += Utf8(strPath) + chEnd;
     }
     return strText;
 }
 
 std::string FormatSummaryJson(const CScanSummary& summary) {
-    nlohmann::ordered_json json;
-    json["roots"] = nlohmann::json::array();
-    for (const std::u16string& strRoot : summary.m_aRoots) json["roots"].push_back(Utf8(strRoot));
-    json["directories"] = summary.m_nDirectories;
-    json["files"] = summary.m_nFiles;
+    CJsonWriter json;
+    auto Strings = [&json](std::string_view strKey, const std::vector<std::u16string>& aTexts) {
+        json.Key(strKey).BeginArray();
+        for (const std::u16string& strText : aTexts) json.String(strText);
+        json.EndArray();
+    };
+    json.BeginObject();
+    Strings("roots", summary.m_aRoots);
+    json.Key("directories").Number(uint64_t(summary.m_nDirectories));
+    json.Key("files").Number(uint64_t(summary.m_nFiles));
     // Sizes are whole numbers of bytes held in doubles; exact up to 2^53.
-    json["bytes"] = static_cast<uint64_t>(summary.m_dBytes);
-    json["actual_bytes"] = static_cast<uint64_t>(summary.m_dActualBytes);
-    json["protected"] = nlohmann::json::array();
-    for (const std::u16string& strPath : summary.m_aProtected)
-        json["protected"].push_back(Utf8(strPath));
-    json["elapsed_seconds"] = summary.m_dSeconds;
-    json["stopped"] = summary.m_bStopped;
-    if (summary.m_bListed) {
-        json["files_list"] = nlohmann::json::array();
-        for (const std::u16string& strPath : summary.m_aFiles)
-            json["files_list"].push_back(Utf8(strPath));
-    }
-    // Names whose bytes are not UTF-8 cannot be JSON text; they show with
-    // the replacement character.
-    return json.dump(2, ' ', false, nlohmann::json::error_handler_t::replace) + "\n";
+    json.Key("bytes").Number(static_cast<uint64_t>(summary.m_dBytes));
+    json.Key("actual_bytes").Number(static_cast<uint64_t>(summary.m_dActualBytes));
+    Strings("protected", summary.m_aProtected);
+    json.Key("elapsed_seconds").Number(summary.m_dSeconds);
+    json.Key("stopped").Bool(summary.m_bStopped);
+    if (summary.m_bListed) Strings("files_list", summary.m_aFiles);
+    json.EndObject();
+    return json.Text();
 }
 
 }  // namespace zv

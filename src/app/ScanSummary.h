@@ -23,7 +23,10 @@ struct CScanSummary {
 };
 
 CScanSummary SummarizeScan(const CWZorvaneDoc& doc, double dSeconds, bool bListFiles);
-std::string FormatSummaryText(const CScanSummary& summary);
+// The listed paths end with a line feed, or with bNullEnds a NUL, for names
+// that hold a line break.
+std::string FormatSummaryText(const CScanSummary& summary, bool bNullEnds = false);
+// Names that are not valid UTF-8 are written losslessly (see JsonWriter.h).
 std::string FormatSummaryJson(const CScanSummary& summary);
 
 }  // namespace zv

@@ -8,17 +8,12 @@
 #include "app/LargestCommand.h"
 #include "app/MetaCommand.h"
 #include "app/DupsCommand.h"
+#include "app/ExitStatus.h"
 #include "app/ProgramServices.h"
 #include "app/ScanCommand.h"
 #include "app/SettingsCommand.h"
 #include "platform/Console.h"
 #include "platform/Text.h"
-
-namespace {
-
-constexpr int kUsageError = 2;
-
-}  // namespace
 
 int main(int argc, char** argv) {
     CLI::App app{"Zorvane scans directory trees and reports on what it finds.", "zorvane-cli"};
@@ -32,16 +27,20 @@ int main(int argc, char** argv) {
     app.footer(
         "A settings file named like a command is given as ./NAME or after --.\n"
         "Settings files are UTF-16 with a byte order mark, as 'settings save' writes them, or "
-        "UTF-8.");
+        "UTF-8.\n" +
+        std::string(zv::kExitStatusHelp));
 
     zv::CScanCommandOptions scan;
     CLI::App* pScan =
         app.add_subcommand("scan", "Scan directory trees and print a summary of what they hold.");
     zv::AddScanOptions(*pScan, scan);
+    pScan->footer(zv::kExitStatusHelp);
     pScan->add_flag("--json", scan.m_bJson, "Print the summary as one JSON object");
     pScan->add_flag("--list", scan.m_bList,
                     "After the summary, print the full path of every file kept, one per line "
                     "(in JSON: the array files_list)");
+    pScan->add_flag("-0,--null", scan.m_bNullEnds,
+                    "With --list, end each path with a NUL instead of a line feed");
 
     CLI::App* pSettings = app.add_subcommand("settings", "Work with settings files.");
     pSettings->require_subcommand(1);
@@ -58,6 +57,7 @@ int main(int argc, char** argv) {
         "crc",
         "Print the CRC-32 of each file, directories recursively in name order: the checksum as "
         "reports write it, two spaces, the full path; UNKNOWN for a file that cannot be read.");
+    pCrc->footer(zv::kExitStatusHelp);
     pCrc->add_option("PATH", aCrcPaths, "File or directory (one or more)")->required();
     pCrc->add_flag("--hex", bCrcHex, "Hexadecimal instead of decimal");
     pCrc->add_flag("--no-tags", bCrcNoTags, "Leave MP3 tags (ID3v1, ID3v2) out of .mp3 files");
@@ -86,7 +86,7 @@ int main(int argc, char** argv) {
         return app.exit(e);
     } catch (const CLI::ParseError& e) {
         std::fprintf(stderr, "zorvane-cli: %s\n\n%s", e.what(), app.help().c_str());
-        return kUsageError;
+        return zv::kExitUsage;
     }
 
     const bool bCommand = pScan->parsed() || pSettings->parsed() || pCrc->parsed() ||
@@ -94,10 +94,11 @@ int main(int argc, char** argv) {
     if (!strSettingsFile.empty() && bCommand) {
         std::fprintf(stderr, "zorvane-cli: give either a settings file or a command\n\n%s",
                      app.help().c_str());
-        return kUsageError;
+        return zv::kExitUsage;
     }
     if (!strSettingsFile.empty()) {
         scan.m_strSettingsFile = strSettingsFile;
+        scan.m_bRemember = true;  // as the desktop program started with the file
         return zv::RunScanCommand(scan);
     }
     if (pScan->parsed()) return zv::RunScanCommand(scan);
@@ -115,5 +116,5 @@ int main(int argc, char** argv) {
     if (pMeta->parsed()) return zv::RunMetaCommand(aMetaPaths, bMetaJson);
     std::fprintf(stderr, "zorvane-cli: give a settings file or a command\n\n%s",
                  app.help().c_str());
-    return kUsageError;
+    return zv::kExitUsage;
 }

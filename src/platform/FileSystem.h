@@ -28,7 +28,8 @@ inline constexpr uint32_t ATTR_INVALID = 0xFFFFFFFF;
 inline constexpr int ERR_NONE = 0;
 inline constexpr int ERR_FILE_NOT_FOUND = 2;
 inline constexpr int ERR_PATH_NOT_FOUND = 3;
-inline constexpr int ERR_ACCESS_DENIED = 5;  // EACCES, EPERM
+inline constexpr int ERR_TOO_MANY_OPEN_FILES = 4;  // EMFILE, ENFILE
+inline constexpr int ERR_ACCESS_DENIED = 5;        // EACCES, EPERM
 inline constexpr int ERR_OTHER = 31;
 
 // One entry of a directory listing, as FindFirstFileW/FindNextFileW give it.
@@ -76,8 +77,11 @@ public:
     CDirectoryReader& operator=(const CDirectoryReader&) = delete;
 
     // False on failure; GetLastError() then tells why (ERR_ACCESS_DENIED
-    // for a refused listing).
+    // for a refused listing, ERR_TOO_MANY_OPEN_FILES when handles ran out).
+    // Open follows a final link, as a root names what the user means.
     bool Open(std::u16string_view path);
+    // name may be a relative path of several components; a final link is
+    // not followed.
     bool OpenChild(const CDirectoryReader& parent, std::u16string_view name);
 
     // The next entry, "." and ".." skipped. False at the end of the listing.
@@ -126,8 +130,14 @@ private:
 // ATTR_INVALID on failure.
 uint32_t GetFileAttributes(std::u16string_view path);
 
-// Attributes and times of one path without following a final link.
-bool GetEntryInfo(std::u16string_view path, CDirEntry& entry);
+// Attributes and times of one path, a final link described itself unless
+// bFollowLink (then what it leads to, as for a root the user named).
+bool GetEntryInfo(std::u16string_view path, CDirEntry& entry, bool bFollowLink = false);
+
+// True only for an object known to be neither a regular file nor a
+// directory (a final link followed): a device, FIFO or socket, which has no
+// contents to read.
+bool IsSpecialFile(std::u16string_view path);
 
 // File-system name of the volume holding path (for example "NTFS", "ext4").
 bool GetVolumeInformation(std::u16string_view path, std::u16string& strFileSystem);

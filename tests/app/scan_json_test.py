@@ -105,7 +105,7 @@ FILTER_ARGS = ["--name", "*.txt", "--name", "*.BIN", "--exclude-name", "skip*",
 def check_filtered(cli_command, root, wine):
     result = subprocess.run(cli_command + FILTER_ARGS + ["--json", native_root(root, wine)],
                             stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=300, env=ENV)
-    if result.returncode != 0:
+    if result.returncode != expected_status(wine):
         print("filtered scan failed:", result.stderr.decode(errors="replace"))
         return False
     listed = json.loads(result.stdout)["files_list"]
@@ -117,6 +117,11 @@ def check_filtered(cli_command, root, wine):
         return False
     print("filtered scan kept the %d files the rules admit" % len(expected))
     return True
+
+
+def expected_status(wine):
+    """1 where the tree holds a directory that cannot be read (POSIX)."""
+    return 0 if wine else 1
 
 
 def native_root(root, wine):
@@ -140,7 +145,7 @@ def main(argv):
         command = cli_command + ["--json", native_root(root, wine)]
         result = subprocess.run(command, stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=300,
                                 env=ENV)
-        if result.returncode != 0:
+        if result.returncode != expected_status(wine):
             print("zorvane-cli failed:", result.returncode, result.stderr.decode(errors="replace"))
             return 1
         got = json.loads(result.stdout)

@@ -5,6 +5,7 @@
 #include "core/records/DirectoryData.h"
 #include "core/records/FileData.h"
 #include "core/records/RecordServices.h"
+#include "core/records/SubtreeWalk.h"
 #include "platform/Text.h"
 
 namespace zv {
@@ -169,9 +170,10 @@ void SortChildren(CDirectoryData& dir, uint8_t nCode) {
 }
 
 void SortSubtree(CDirectoryData& dir, uint8_t nFileCode, uint8_t nDirCode) {
-    SortFiles(dir, nFileCode);
-    SortChildren(dir, nDirCode);
-    for (CDirectoryData* pChild : dir.m_aChildren) SortSubtree(*pChild, nFileCode, nDirCode);
+    ForEachInSubtree(dir, [nFileCode, nDirCode](CDirectoryData& each) {
+        SortFiles(each, nFileCode);
+        SortChildren(each, nDirCode);
+    });
 }
 
 }  // namespace zv

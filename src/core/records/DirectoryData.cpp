@@ -8,6 +8,7 @@
 #include "core/records/OwnerPool.h"
 #include "core/records/RecordPath.h"
 #include "core/records/RecordServices.h"
+#include "core/records/SubtreeWalk.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 
@@ -41,7 +42,23 @@ CDirectoryData::CDirectoryData(CDirectoryData* pParent, std::u16string_view strN
       m_nTotalFiles(0),
       m_nTotalDirs(0) {}
 
-CDirectoryData::~CDirectoryData() = default;
+CDirectoryData::~CDirectoryData() {
+    // Each descendant's children are taken from it before it is deleted, so
+    // no destructor recurses, however deep the tree.
+    std::vector<CDirectoryData*> aPending;
+    auto TakeChildren = [&aPending](CDirectoryData& dir) {
+        auto& aChildren = dir.m_aChildren.Items();
+        aPending.insert(aPending.end(), aChildren.begin(), aChildren.end());
+        aChildren.clear();
+    };
+    TakeChildren(*this);
+    while (!aPending.empty()) {
+        CDirectoryData* pDir = aPending.back();
+        aPending.pop_back();
+        TakeChildren(*pDir);
+        delete pDir;
+    }
+}
 
 std::u16string CDirectoryData::GetFullPath() const {
     std::vector<const CDirectoryData*> aChain;
@@ -150,16 +167,19 @@ uint32_t CDirectoryData::GetCrc() {
 
 uint32_t CDirectoryData::GetCrcWithSubdirs() {
     if (m_uFlags & DIR_CRC_SUBDIRS_VALID) return m_uCrcWithSubdirs;
-    m_uFlags |= DIR_CRC_SUBDIRS_VALID;
-    GetCrc();
-    if (m_aChildren.IsEmpty()) {
-        m_uCrcWithSubdirs = m_uCrc;
-        return m_uCrcWithSubdirs;
-    }
-    uint32_t uRunning = Crc32Fold(Crc32Init(), m_uCrc);
-    for (CDirectoryData* pChild : m_aChildren)
-        uRunning = Crc32Fold(uRunning, pChild->GetCrcWithSubdirs());
-    m_uCrcWithSubdirs = Crc32Final(uRunning);
+    ForEachInSubtreeChildrenFirst(*this, [](CDirectoryData& dir) {
+        if (dir.m_uFlags & DIR_CRC_SUBDIRS_VALID) return;
+        dir.m_uFlags |= DIR_CRC_SUBDIRS_VALID;
+        dir.GetCrc();
+        if (dir.m_aChildren.IsEmpty()) {
+            dir.m_uCrcWithSubdirs = dir.m_uCrc;
+            return;
+        }
+        uint32_t uRunning = Crc32Fold(Crc32Init(), dir.m_uCrc);
+        for (CDirectoryData* pChild : dir.m_aChildren)
+            uRunning = Crc32Fold(uRunning, pChild->m_uCrcWithSubdirs);
+        dir.m_uCrcWithSubdirs = Crc32Final(uRunning);
+    });
     return m_uCrcWithSubdirs;
 }
 
@@ -178,25 +198,31 @@ void CDirectoryData::AddFile(CFileData* pFile, double dClusterSize) {
 }
 
 bool CDirectoryData::RemoveFile(CFileData* pFile) {
-    auto& aFiles = m_aFiles.Items();
-    for (size_t i = aFiles.size(); i-- > 0;) {
-        if (aFiles[i] != pFile) continue;
-        const double dSize = pFile->m_dSize;
-        const CRootDirectoryData* pRoot = GetRoot();
-        const double dActual = RoundToCluster(dSize, pRoot ? pRoot->m_dClusterSize : 0);
-        m_dFilesSize -= dSize;
-        m_dFilesActual -= dActual;
-        m_aFiles.DeleteAt(i);
-        --m_uCumulativeCount;
-        for (CDirectoryData* p = m_pParent; p; p = p->m_pParent) {
-            --p->m_uCumulativeCount;
-            p->m_dSubdirsSize -= dSize;
-            p->m_dSubdirsActual -= dActual;
+    // Depth first, each directory's files before its subdirectories, the
+    // last subdirectory first.
+    std::vector<CDirectoryData*> aPending{this};
+    while (!aPending.empty()) {
+        CDirectoryData& dir = *aPending.back();
+        aPending.pop_back();
+        auto& aFiles = dir.m_aFiles.Items();
+        for (size_t i = aFiles.size(); i-- > 0;) {
+            if (aFiles[i] != pFile) continue;
+            const double dSize = pFile->m_dSize;
+            const CRootDirectoryData* pRoot = dir.GetRoot();
+            const double dActual = RoundToCluster(dSize, pRoot ? pRoot->m_dClusterSize : 0);
+            dir.m_dFilesSize -= dSize;
+            dir.m_dFilesActual -= dActual;
+            dir.m_aFiles.DeleteAt(i);
+            --dir.m_uCumulativeCount;
+            for (CDirectoryData* p = dir.m_pParent; p; p = p->m_pParent) {
+                --p->m_uCumulativeCount;
+                p->m_dSubdirsSize -= dSize;
+                p->m_dSubdirsActual -= dActual;
+            }
+            return true;
         }
-        return true;
+        for (CDirectoryData* pChild : dir.m_aChildren) aPending.push_back(pChild);
     }
-    for (size_t i = m_aChildren.GetSize(); i-- > 0;)
-        if (m_aChildren[i]->RemoveFile(pFile)) return true;
     return false;
 }
 
@@ -209,50 +235,49 @@ void CDirectoryData::ResetForScan() {
 }
 
 void CDirectoryData::InvalidateTotals() {
-    m_bTotalsValid = 0;
-    for (CDirectoryData* pChild : m_aChildren) pChild->InvalidateTotals();
+    ForEachInSubtree(*this, [](CDirectoryData& dir) { dir.m_bTotalsValid = 0; });
 }
 
 void CDirectoryData::Flatten(std::vector<CDirectoryData*>& aList) {
-    aList.push_back(this);
-    for (size_t i = m_aChildren.GetSize(); i-- > 0;) m_aChildren[i]->Flatten(aList);
+    // Each directory, then its subdirectories' subtrees from the last to the first.
+    std::vector<CDirectoryData*> aPending{this};
+    while (!aPending.empty()) {
+        CDirectoryData* pDir = aPending.back();
+        aPending.pop_back();
+        aList.push_back(pDir);
+        for (CDirectoryData* pChild : pDir->m_aChildren) aPending.push_back(pChild);
+    }
 }
 
 void CDirectoryData::CollectFiles(std::vector<std::u16string>* pNames,
                                   std::vector<CDirectoryData*>& aDirs,
                                   std::vector<CFileData*>& aFiles) {
-    for (CFileData* pFile : m_aFiles) {
-        if (pNames) pNames->push_back(pFile->m_strName.Str());
-        aDirs.push_back(this);
-        aFiles.push_back(pFile);
-    }
-    for (CDirectoryData* pChild : m_aChildren) pChild->CollectFiles(pNames, aDirs, aFiles);
+    ForEachInSubtree(*this, [&](CDirectoryData& dir) {
+        for (CFileData* pFile : dir.m_aFiles) {
+            if (pNames) pNames->push_back(pFile->m_strName.Str());
+            aDirs.push_back(&dir);
+            aFiles.push_back(pFile);
+        }
+    });
 }
 
 bool CDirectoryData::HasFiles() const {
-    if (!m_aFiles.IsEmpty()) return true;
-    for (const CDirectoryData* pChild : m_aChildren)
-        if (pChild->HasFiles()) return true;
+    std::vector<const CDirectoryData*> aPending{this};
+    while (!aPending.empty()) {
+        const CDirectoryData* pDir = aPending.back();
+        aPending.pop_back();
+        if (!pDir->m_aFiles.IsEmpty()) return true;
+        for (const CDirectoryData* pChild : pDir->m_aChildren) aPending.push_back(pChild);
+    }
     return false;
 }
 
-namespace {
-
-void AddSubtreeCounts(const CDirectoryData& dir, int64_t& nFiles, int64_t& nDirs) {
-    for (size_t i = dir.m_aChildren.GetSize(); i-- > 0;) {
-        const CDirectoryData& child = *dir.m_aChildren[i];
-        nFiles += static_cast<int64_t>(child.m_aFiles.GetSize());
-        nDirs += static_cast<int64_t>(child.m_aChildren.GetSize());
-        AddSubtreeCounts(child, nFiles, nDirs);
-    }
-}
-
-}  // namespace
-
 void CDirectoryData::ComputeTotals() {
-    m_nTotalFiles = static_cast<int64_t>(m_aFiles.GetSize());
-    m_nTotalDirs = static_cast<int64_t>(m_aChildren.GetSize());
-    AddSubtreeCounts(*this, m_nTotalFiles, m_nTotalDirs);
+    m_nTotalFiles = m_nTotalDirs = 0;
+    ForEachInSubtree(*this, [this](const CDirectoryData& dir) {
+        m_nTotalFiles += static_cast<int64_t>(dir.m_aFiles.GetSize());
+        m_nTotalDirs += static_cast<int64_t>(dir.m_aChildren.GetSize());
+    });
     m_bTotalsValid = 1;
 }
 
@@ -267,23 +292,25 @@ int64_t CDirectoryData::GetTotalDirs() {
 }
 
 void CDirectoryData::RecomputeTotals() {
-    m_nTotalFiles = static_cast<int64_t>(m_aFiles.GetSize());
-    m_nTotalDirs = static_cast<int64_t>(m_aChildren.GetSize());
-    for (CDirectoryData* pChild : m_aChildren) {
-        pChild->RecomputeTotals();
-        m_nTotalFiles += pChild->m_nTotalFiles;
-        m_nTotalDirs += pChild->m_nTotalDirs;
-    }
-    m_bTotalsValid = 1;
+    ForEachInSubtreeChildrenFirst(*this, [](CDirectoryData& dir) {
+        dir.m_nTotalFiles = static_cast<int64_t>(dir.m_aFiles.GetSize());
+        dir.m_nTotalDirs = static_cast<int64_t>(dir.m_aChildren.GetSize());
+        for (const CDirectoryData* pChild : dir.m_aChildren) {
+            dir.m_nTotalFiles += pChild->m_nTotalFiles;
+            dir.m_nTotalDirs += pChild->m_nTotalDirs;
+        }
+        dir.m_bTotalsValid = 1;
+    });
 }
 
 void CDirectoryData::DecrementFileTotal() { --m_nTotalFiles; }
 void CDirectoryData::DecrementDirTotal() { --m_nTotalDirs; }
 
 void CDirectoryData::CompactArrays() {
-    m_aFiles.FreeExtra();
-    m_aChildren.FreeExtra();
-    for (CDirectoryData* pChild : m_aChildren) pChild->CompactArrays();
+    ForEachInSubtree(*this, [](CDirectoryData& dir) {
+        dir.m_aFiles.FreeExtra();
+        dir.m_aChildren.FreeExtra();
+    });
 }
 
 }  // namespace zv

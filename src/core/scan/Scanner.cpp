@@ -2,12 +2,13 @@
 
 #include <ctime>
 #include <new>
+#include <string_view>
 
 #include "core/document/Document.h"
+#include "core/document/SortCodes.h"
 #include "core/host/Host.h"
 #include "core/host/ProgressDialog.h"
 #include "core/records/RecordPath.h"
-#include "core/document/SortCodes.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 
@@ -17,9 +18,13 @@ namespace {
 // A directory stays open while its subdirectories are walked, and they are
 // opened relative to it: cheaper than resolving every path from the root,
 // and it walks trees deeper than the operating system's path limit. Below
-// this level, open handles are spared and a short path opens from the root.
+// this level, or once handles have run out, handles are spared: only an
+// anchor stays open, one directory whose path is at least kAnchorSpan
+// characters longer than the previous anchor's (the first measured from the
+// start of the path), and a directory is opened by its path relative to the
+// nearest open ancestor, which stays well within the path limit.
 constexpr int kHandleWalkLevels = 256;
-constexpr size_t kShortPath = 1000;
+constexpr size_t kAnchorSpan = 1024;
 
 std::u16string Number(size_t n) { return platform::U16(std::to_string(n)); }
 
@@ -93,17 +98,16 @@ void CScanner::ScanAllRoots() {
     }
     if (m_pFilter) m_pFilter->ResolveRelativeDates();
 
-    std::vector<std::u16string> aErrors;
+    m_bSparingHandles = false;
+    std::vector<std::u16string> aErrors;  // messages gathered during the walk
     for (size_t i = 0; i < scan.m_aRoots.GetSize(); ++i) {
         CRootDirectoryData& root = *scan.m_aRoots[i];
         scan.m_aAllDirs.Add(&root);
         root.ResetForScan();
         root.m_nFileSort = root.m_nDirSort = 0;
-        GetDirectoryTimes(root.m_strName.Str(), root.m_ftCreated, root.m_ftAccessed,
-                          root.m_ftModified);
         PumpMessages();
         if (IsStopRequested()) break;
-        ScanRootDirectory(1, i, root, root, aErrors, root.m_strName.Str(), nullptr);
+        ScanRootDirectory(i, root);
         if (m_doc.m_options.m_bShowCrc) root.GetCrcWithSubdirs();
         SortSubtree(root, m_doc.m_options.m_nFileSort, m_doc.m_options.m_nDirSort);
     }
@@ -128,7 +132,7 @@ bool CScanner::GetDirectoryTimes(const std::u16string& strPath, FILETIME& ftCrea
                                  FILETIME& ftAccessed, FILETIME& ftModified) {
     ftCreated = ftAccessed = ftModified = FILETIME{};
     CDirEntry entry;
-    if (!platform::GetEntryInfo(strPath, entry)) {
+    if (!platform::GetEntryInfo(strPath, entry, true)) {
         Host().ShowMessage(u"CreateFile failed");
         return false;
     }
@@ -138,20 +142,56 @@ bool CScanner::GetDirectoryTimes(const std::u16string& strPath, FILETIME& ftCrea
     return true;
 }
 
-void CScanner::ScanRootDirectory(int nLevel, size_t nRootIndex, CDirectoryData& dir,
-                                 CRootDirectoryData& root, std::vector<std::u16string>& aErrors,
-                                 const std::u16string& strPath,
-                                 const platform::CDirectoryReader* pParentReader) {
+void CScanner::ScanRootDirectory(size_t nRootIndex, CRootDirectoryData& root) {
+    m_strPath = root.m_strName.Str();
+    m_aPending.clear();
+    ListDirectory(1, root, root);
+    if (m_aPending.empty()) return;
+
+    // Shown while the root's subdirectories are walked.
+    CProgressDialog progress(false);
+    progress.Open();
+    const size_t nRootCount = m_doc.m_scan.m_aRoots.GetSize();
+    while (!m_aPending.empty()) {
+        CPendingDirectory& parent = m_aPending.back();
+        if (parent.nChildrenLeft == 0 || IsStopRequested()) {
+            m_aPending.pop_back();
+            continue;
+        }
+        const size_t nChildren = parent.pDir->m_aChildren.GetSize();
+        CDirectoryData& child = *parent.pDir->m_aChildren[--parent.nChildrenLeft];
+        m_strPath.resize(parent.nPathLength);
+        AppendPathComponent(m_strPath, child.m_strName);
+        if (parent.nLevel == 1) {
+            const size_t i = nChildren - parent.nChildrenLeft;
+            const int nPosition = Percent(i, nChildren);
+            progress.SetPercent(nPosition);
+            const std::u16string strLine1 =
+                u"Scanning root  " + Number(nRootIndex + 1) + u"/" + Number(nRootCount) + u"   " +
+                Number(Percent(nRootIndex + 1, nRootCount)) + u"%  " + root.m_strName.Str();
+            const std::u16string strLine2 = u"Scanning root subdirectory  " + Number(i) + u"/" +
+                                            Number(nChildren) + u"  " + Number(nPosition) + u"%  " +
+                                            child.m_strName.Str();
+            progress.SetLine1(strLine1.c_str());
+            progress.SetLine2(strLine2.c_str());
+        }
+        ListDirectory(parent.nLevel + 1, child, root);  // may push: parent is not used after
+    }
+}
+
+void CScanner::ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData& root) {
+    const std::u16string& strPath = m_strPath;
     if (m_pFilter && m_pFilter->IsDirectoryExcluded(strPath)) return;
     const bool bSkipFiles = m_pFilter && m_pFilter->SkipsFilesOf(strPath);
 
     platform::CDirectoryReader reader;
-    const bool bOpened =
-        pParentReader ? reader.OpenChild(*pParentReader, dir.m_strName) : reader.Open(strPath);
-    if (!bOpened) {
+    if (!OpenDirectory(reader)) {
         const uint32_t uAttributes = platform::GetFileAttributes(strPath);
         if (uAttributes != ATTR_INVALID) dir.m_uAttributes = uAttributes;
-        if (reader.GetLastError() == ERR_ACCESS_DENIED) {
+        // A directory that could not be opened for want of handles is named
+        // as unread too, so that it never passes for an empty one.
+        const int nError = reader.GetLastError();
+        if (nError == ERR_ACCESS_DENIED || nError == ERR_TOO_MANY_OPEN_FILES) {
             m_doc.m_scan.m_aProtectedDirs.push_back(strPath);
             dir.m_uFlags |= DIR_PROTECTED;
         }
@@ -197,7 +237,6 @@ void CScanner::ScanRootDirectory(int nLevel, size_t nRootIndex, CDirectoryData& 
 
     dir.m_aChildren.FreeExtra();
     dir.m_aFiles.FreeExtra();
-    if (nLevel >= kHandleWalkLevels && strPath.size() < kShortPath) reader.Close();
     Host().SetFileCount(m_doc.m_scan.m_aAllFiles.GetSize());
     if (options.m_bShowCrc) dir.GetCrc();
     if (options.m_bLargestDirs) m_pSteps->OfferLargestDirectory(dir);
@@ -205,41 +244,49 @@ void CScanner::ScanRootDirectory(int nLevel, size_t nRootIndex, CDirectoryData& 
 
     SortChildren(dir, 2);  // name descending: walked from the last, so in name order
     if (options.m_nMaxDepth != -1 && options.m_nMaxDepth < nLevel + 1) return;
-    WalkChildren(nLevel, nRootIndex, dir, root, aErrors, strPath,
-                 reader.IsOpen() ? &reader : nullptr);
+
+    CPendingDirectory pending;
+    pending.pDir = &dir;
+    pending.nLevel = nLevel;
+    pending.nPathLength = strPath.size();
+    pending.nChildrenLeft = dir.m_aChildren.GetSize();
+    pending.bAnchor = strPath.size() - AnchorPathLength() >= kAnchorSpan;
+    if (pending.bAnchor || (nLevel < kHandleWalkLevels && !m_bSparingHandles))
+        pending.reader = std::move(reader);
+    m_aPending.push_back(std::move(pending));
 }
 
-void CScanner::WalkChildren(int nLevel, size_t nRootIndex, CDirectoryData& dir,
-                            CRootDirectoryData& root, std::vector<std::u16string>& aErrors,
-                            const std::u16string& strPath,
-                            const platform::CDirectoryReader* pReader) {
-    std::unique_ptr<CProgressDialog> pProgress;
-    const size_t nRootCount = m_doc.m_scan.m_aRoots.GetSize();
-    if (nLevel == 1) {
-        pProgress = std::make_unique<CProgressDialog>(false);
-        pProgress->Open();
+size_t CScanner::AnchorPathLength() const {
+    for (size_t i = m_aPending.size(); i-- > 0;)
+        if (m_aPending[i].bAnchor) return m_aPending[i].nPathLength;
+    return 0;
+}
+
+bool CScanner::OpenFromNearestHandle(platform::CDirectoryReader& reader) const {
+    for (size_t i = m_aPending.size(); i-- > 0;) {
+        const CPendingDirectory& ancestor = m_aPending[i];
+        if (!ancestor.reader.IsOpen()) continue;
+        std::u16string_view relative = std::u16string_view(m_strPath).substr(ancestor.nPathLength);
+        if (!relative.empty() && relative.front() == platform::kPathSeparator)
+            relative.remove_prefix(1);
+        return reader.OpenChild(ancestor.reader, relative);
     }
-    const size_t nChildren = dir.m_aChildren.GetSize();
-    size_t i = 0;
-    for (size_t nIndex = nChildren; nIndex-- > 0;) {
-        ++i;
-        if (IsStopRequested()) break;
-        CDirectoryData& child = *dir.m_aChildren[nIndex];
-        const std::u16string strChildPath = JoinPath(strPath, child.m_strName);
-        if (pProgress) {
-            const int nPosition = Percent(i, nChildren);
-            pProgress->SetPercent(nPosition);
-            const std::u16string strLine1 =
-                u"Scanning root  " + Number(nRootIndex + 1) + u"/" + Number(nRootCount) + u"   " +
-                Number(Percent(nRootIndex + 1, nRootCount)) + u"%  " + root.m_strName.Str();
-            const std::u16string strLine2 = u"Scanning root subdirectory  " + Number(i) + u"/" +
-                                            Number(nChildren) + u"  " + Number(nPosition) + u"%  " +
-                                            child.m_strName.Str();
-            pProgress->SetLine1(strLine1.c_str());
-            pProgress->SetLine2(strLine2.c_str());
-        }
-        ScanRootDirectory(nLevel + 1, nRootIndex, child, root, aErrors, strChildPath, pReader);
-    }
+    return reader.Open(m_strPath);
+}
+
+bool CScanner::OpenDirectory(platform::CDirectoryReader& reader) {
+    if (OpenFromNearestHandle(reader)) return true;
+    if (reader.GetLastError() != ERR_TOO_MANY_OPEN_FILES) return false;
+    CloseSpareHandles();
+    return OpenFromNearestHandle(reader);
+}
+
+void CScanner::CloseSpareHandles() {
+    // From now on only the anchors keep their handles; the directories
+    // between them are reached by a relative path from the nearest one.
+    m_bSparingHandles = true;
+    for (CPendingDirectory& pending : m_aPending)
+        if (!pending.bAnchor) pending.reader.Close();
 }
 
 CFileData* CScanner::AddFileRecord(CDirectoryData& dir, const CDirEntry& entry, double dSize,

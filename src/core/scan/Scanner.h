@@ -1,21 +1,21 @@
 // The scanner turns the roots of the main document into a forest of
 // records, applying the filter set as it walks, and then drives the steps
 // that follow a scan. It runs on the user-interface thread in one call and
-// pumps the host once per directory entry.
+// pumps the host once per directory entry. The walk keeps its own stack of
+// directories whose subdirectories are still to be entered, so the depth of
+// a tree is bounded by memory, not by the call stack.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "core/scan/ScanHooks.h"
+#include "platform/FileSystem.h"
 
 namespace zv {
 
 class CWZorvaneDoc;
 class CRootDirectoryData;
-namespace platform {
-class CDirectoryReader;
-}
 
 class CScanner {
 public:
@@ -33,14 +33,26 @@ public:
                                   FILETIME& ftAccessed, FILETIME& ftModified);
 
 private:
+    // A directory whose subdirectories are being entered, from the last
+    // child to the first (they are sorted by name descending).
+    struct CPendingDirectory {
+        CDirectoryData* pDir = nullptr;
+        int nLevel = 0;
+        size_t nPathLength = 0;  // of its path, the front of m_strPath
+        size_t nChildrenLeft = 0;
+        bool bAnchor = false;               // its handle stays open however many are in use
+        platform::CDirectoryReader reader;  // open while children are opened from it
+    };
+
     void ClearPreviousScan();
-    void ScanRootDirectory(int nLevel, size_t nRootIndex, CDirectoryData& dir,
-                           CRootDirectoryData& root, std::vector<std::u16string>& aErrors,
-                           const std::u16string& strPath,
-                           const platform::CDirectoryReader* pParentReader);
-    void WalkChildren(int nLevel, size_t nRootIndex, CDirectoryData& dir, CRootDirectoryData& root,
-                      std::vector<std::u16string>& aErrors, const std::u16string& strPath,
-                      const platform::CDirectoryReader* pReader);
+    void ScanRootDirectory(size_t nRootIndex, CRootDirectoryData& root);
+    // Lists the directory named by m_strPath into dir and, when its
+    // subdirectories are to be entered, pushes it onto m_aPending.
+    void ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData& root);
+    bool OpenDirectory(platform::CDirectoryReader& reader);
+    bool OpenFromNearestHandle(platform::CDirectoryReader& reader) const;
+    void CloseSpareHandles();
+    size_t AnchorPathLength() const;
     CFileData* AddFileRecord(CDirectoryData& dir, const CDirEntry& entry, double dSize,
                              double dClusterSize, CFileCandidate& candidate);
     bool IsStopRequested() const;
@@ -49,6 +61,10 @@ private:
     IScanFilter* m_pFilter;
     IScanSteps m_defaultSteps;
     IScanSteps* m_pSteps;
+
+    std::u16string m_strPath;  // of the directory being listed
+    std::vector<CPendingDirectory> m_aPending;
+    bool m_bSparingHandles = false;  // handles ran out once in this scan
 };
 
 }  // namespace zv

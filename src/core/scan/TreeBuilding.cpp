@@ -5,27 +5,28 @@
 
 #include "core/document/Document.h"
 #include "core/host/Host.h"
+#include "core/records/SubtreeWalk.h"
 #include "core/scan/ScanHooks.h"
 
 namespace zv {
 namespace {
 
 void CollectSubtree(CDirectoryData& dir, std::unordered_set<const CDirectoryData*>& setDeleted) {
-    setDeleted.insert(&dir);
-    for (CDirectoryData* pChild : dir.m_aChildren) CollectSubtree(*pChild, setDeleted);
+    ForEachInSubtree(dir, [&setDeleted](CDirectoryData& each) { setDeleted.insert(&each); });
 }
 
-void PruneDirectoriesWithoutFiles(CDirectoryData& dir,
+void PruneDirectoriesWithoutFiles(CDirectoryData& top,
                                   std::unordered_set<const CDirectoryData*>& setDeleted) {
-    for (size_t i = dir.m_aChildren.GetSize(); i-- > 0;) {
-        CDirectoryData* pChild = dir.m_aChildren[i];
-        if (pChild->GetTotalFiles() == 0) {
-            CollectSubtree(*pChild, setDeleted);
-            dir.m_aChildren.DeleteAt(i);
+    // Each directory loses its children without files before the walk goes on into the others.
+    ForEachInSubtree(top, [&setDeleted](CDirectoryData& dir) {
+        for (size_t i = dir.m_aChildren.GetSize(); i-- > 0;) {
+            CDirectoryData* pChild = dir.m_aChildren[i];
+            if (pChild->GetTotalFiles() == 0) {
+                CollectSubtree(*pChild, setDeleted);
+                dir.m_aChildren.DeleteAt(i);
+            }
         }
-    }
-    for (CDirectoryData* pChild : dir.m_aChildren)
-        PruneDirectoriesWithoutFiles(*pChild, setDeleted);
+    });
 }
 
 }  // namespace

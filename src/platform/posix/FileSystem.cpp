@@ -46,6 +46,8 @@ struct CStatInfo {
     CUnixTime changed;
     CUnixTime born;
     bool bHasBirthTime = false;
+    uint64_t uDevice = 0;
+    bool bMountRoot = false;  // known to be the root of a mount
 };
 
 int ErrorFromErrno(int nErrno) {
@@ -59,6 +61,9 @@ int ErrorFromErrno(int nErrno) {
             return ERR_FILE_NOT_FOUND;
         case ENOTDIR:
             return ERR_PATH_NOT_FOUND;
+        case EMFILE:
+        case ENFILE:
+            return ERR_TOO_MANY_OPEN_FILES;
         default:
             return ERR_OTHER;
     }
@@ -71,6 +76,8 @@ void FromStat(const struct stat& st, CStatInfo& info) {
     info.modified = {int64_t(st.st_mtim.tv_sec), uint32_t(st.st_mtim.tv_nsec)};
     info.changed = {int64_t(st.st_ctim.tv_sec), uint32_t(st.st_ctim.tv_nsec)};
     info.bHasBirthTime = false;
+    info.uDevice = uint64_t(st.st_dev);
+    info.bMountRoot = false;
 }
 
 // Facts of the object named pszName relative to the directory nDirFd, or of
@@ -93,6 +100,13 @@ bool StatAt(int nDirFd, const char* pszName, bool bFollow, CStatInfo& info) {
             info.changed = {sx.stx_ctime.tv_sec, sx.stx_ctime.tv_nsec};
             info.bHasBirthTime = (sx.stx_mask & STATX_BTIME) != 0;
             if (info.bHasBirthTime) info.born = {sx.stx_btime.tv_sec, sx.stx_btime.tv_nsec};
+            info.uDevice = (uint64_t(sx.stx_dev_major) << 32) | sx.stx_dev_minor;
+#ifdef STATX_ATTR_MOUNT_ROOT
+            // Linux 5.8 and later tell a mount root, bind mounts of a
+            // directory on the same device included.
+            info.bMountRoot = (sx.stx_attributes_mask & STATX_ATTR_MOUNT_ROOT) &&
+                              (sx.stx_attributes & STATX_ATTR_MOUNT_ROOT);
+#endif
             return true;
         }
         if (errno != ENOSYS) return false;
@@ -237,7 +251,8 @@ int OpenForReading(const std::string& strPath) {
 
 struct CDirectoryReader::Impl {
     DIR* pDir = nullptr;
-    std::string strName;  // the directory's own name, for its hidden bit
+    std::string strName;   // the directory's own name, for its hidden bit
+    uint64_t uDevice = 0;  // of the directory itself: a subdirectory elsewhere is a mount
 
     ~Impl() {
         if (pDir) closedir(pDir);
@@ -274,6 +289,8 @@ bool CDirectoryReader::Adopt(int nFd, const std::string& strName) {
     auto pImpl = std::make_unique<Impl>();
     pImpl->pDir = pDir;
     pImpl->strName = strName;
+    CStatInfo self;
+    if (StatAt(dirfd(pDir), "", true, self)) pImpl->uDevice = self.uDevice;
     m_pImpl = std::move(pImpl);
     m_nLastError = ERR_NONE;
     return true;
@@ -309,6 +326,10 @@ bool CDirectoryReader::Next(CDirEntry& entry) {
         if (StatAt(dirfd(pDir), pEntry->d_name, false, info)) {
             FillEntry(info, name, entry);
             if (S_ISLNK(info.uMode)) MarkLinkToDirectory(dirfd(pDir), pEntry->d_name, entry);
+            // A directory on another device, or a mount root, is the
+            // counterpart of a Windows volume mount point.
+            if (S_ISDIR(info.uMode) && (info.bMountRoot || info.uDevice != m_pImpl->uDevice))
+                entry.uAttributes |= ATTR_REPARSE_POINT;
         } else if (errno == ENOENT) {
             continue;  // removed since the listing was read
         } else {
@@ -399,14 +420,20 @@ uint32_t GetFileAttributes(std::u16string_view path) {
     return AttributesOf(st.st_mode, LastComponent(strPath));
 }
 
-bool GetEntryInfo(std::u16string_view path, CDirEntry& entry) {
+bool GetEntryInfo(std::u16string_view path, CDirEntry& entry, bool bFollowLink) {
     const std::string strPath = Utf16ToUtf8(path);
     CStatInfo info;
-    if (strPath.empty() || !StatAt(AT_FDCWD, strPath.c_str(), false, info)) return false;
+    if (strPath.empty() || !StatAt(AT_FDCWD, strPath.c_str(), bFollowLink, info)) return false;
     const std::string_view name = LastComponent(strPath);
     FillEntry(info, name, entry);
     entry.strName = Utf8ToUtf16(name);
     return true;
+}
+
+bool IsSpecialFile(std::u16string_view path) {
+    struct stat st;
+    if (stat(Utf16ToUtf8(path).c_str(), &st) != 0) return false;
+    return !S_ISREG(st.st_mode) && !S_ISDIR(st.st_mode);
 }
 
 bool GetVolumeInformation(std::u16string_view path, std::u16string& strFileSystem) {

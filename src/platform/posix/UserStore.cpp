@@ -1,15 +1,18 @@
 // The POSIX user store: one text file per place, read when the store opens
 // and replaced as a whole when it flushes. A flush reads the file again and
-// applies this session's changes to what it finds, so that two programs
-// running at once lose each other's changes only within that moment.
+// applies this session's changes to what it finds. From opening to closing
+// a store holds an exclusive lock on a lock file beside it, so programs
+// running at once take turns at their read-merge-write and lose nothing.
 #include "platform/UserStore.h"
 
 #include <errno.h>
 #include <fcntl.h>
+#include <sys/file.h>
 #include <sys/stat.h>
 #include <unistd.h>
 
 #include <cstdlib>
+#include <mutex>
 #include <optional>
 #include <utility>
 #include <vector>
@@ -21,6 +24,47 @@ namespace zv::platform {
 namespace {
 
 constexpr const char* kFileName = "remembered-state.txt";
+constexpr const char* kLockFileName = "remembered-state.lock";
+
+// The lock between processes. Stores opened at once within one process
+// share it (a second flock of the same file would wait for the first).
+class CStoreLock {
+public:
+    explicit CStoreLock(const std::string& strDirectory) {
+        std::lock_guard<std::mutex> guard(Mutex());
+        State& state = Shared();
+        if (state.nUsers++ > 0) return;
+        const std::string strPath = strDirectory + "/" + kLockFileName;
+        state.nFd = open(strPath.c_str(), O_RDWR | O_CREAT | O_CLOEXEC, 0600);
+        // Without a lock file (a read-only directory) the store still works,
+        // unlocked, as before.
+        while (state.nFd >= 0 && flock(state.nFd, LOCK_EX) != 0 && errno == EINTR) {
+        }
+    }
+    ~CStoreLock() {
+        std::lock_guard<std::mutex> guard(Mutex());
+        State& state = Shared();
+        if (--state.nUsers > 0 || state.nFd < 0) return;
+        close(state.nFd);  // releases the lock
+        state.nFd = -1;
+    }
+    CStoreLock(const CStoreLock&) = delete;
+    CStoreLock& operator=(const CStoreLock&) = delete;
+
+private:
+    struct State {
+        int nUsers = 0;
+        int nFd = -1;
+    };
+    static std::mutex& Mutex() {
+        static std::mutex s_mutex;
+        return s_mutex;
+    }
+    static State& Shared() {
+        static State s_state;
+        return s_state;
+    }
+};
 
 std::string EnvironmentValue(const char* pszName) {
     const char* pszValue = std::getenv(pszName);
@@ -63,8 +107,8 @@ bool ReplaceFile(const std::string& strPath, std::string_view bytes) {
 
 class CFileUserStore : public IUserStore {
 public:
-    CFileUserStore(std::string strPath, CUserStoreValues aValues)
-        : m_strPath(std::move(strPath)), m_aValues(std::move(aValues)) {}
+    CFileUserStore(std::unique_ptr<CStoreLock> pLock, std::string strPath, CUserStoreValues aValues)
+        : m_pLock(std::move(pLock)), m_strPath(std::move(strPath)), m_aValues(std::move(aValues)) {}
     ~CFileUserStore() override { Flush(); }
 
     bool ReadValue(std::u16string_view strName, std::u16string& strValue) override {
@@ -106,6 +150,7 @@ public:
     }
 
 private:
+    std::unique_ptr<CStoreLock> m_pLock;  // released after the last flush
     std::string m_strPath;
     CUserStoreValues m_aValues;
     // This session's writes (with a value) and deletions (without), in order.
@@ -125,6 +170,7 @@ std::u16string DefaultUserStorePlace() {
 std::unique_ptr<IUserStore> OpenUserStore(std::u16string_view strPlace) {
     const std::string strDirectory = Utf16ToUtf8(strPlace);
     if (strDirectory.empty() || !MakeDirectories(strDirectory)) return nullptr;
+    auto pLock = std::make_unique<CStoreLock>(strDirectory);
     const std::string strPath = strDirectory + "/" + kFileName;
     std::string strBytes;
     CUserStoreValues aValues;
@@ -133,7 +179,7 @@ std::unique_ptr<IUserStore> OpenUserStore(std::u16string_view strPlace) {
     } else if (access(strPath.c_str(), F_OK) == 0) {
         return nullptr;  // there but unreadable: writing would lose it
     }
-    return std::make_unique<CFileUserStore>(strPath, std::move(aValues));
+    return std::make_unique<CFileUserStore>(std::move(pLock), strPath, std::move(aValues));
 }
 
 }  // namespace zv::platform

@@ -23,6 +23,8 @@ int MapError(DWORD dwError) {
     switch (dwError) {
         case ERROR_ACCESS_DENIED:
             return ERR_ACCESS_DENIED;
+        case ERROR_TOO_MANY_OPEN_FILES:
+            return ERR_TOO_MANY_OPEN_FILES;
         case ERROR_FILE_NOT_FOUND:
             return ERR_FILE_NOT_FOUND;
         case ERROR_PATH_NOT_FOUND:
@@ -295,7 +297,19 @@ uint32_t GetFileAttributes(std::u16string_view path) {
     return ::GetFileAttributesW(ToApiPath(path).c_str());
 }
 
-bool GetEntryInfo(std::u16string_view path, CDirEntry& entry) {
+bool GetEntryInfo(std::u16string_view path, CDirEntry& entry, bool bFollowLink) {
+    if (bFollowLink) {
+        // Opened with no access, as for reading a directory's own times;
+        // a link or junction leads to its target.
+        CHandle file(::CreateFileW(ToApiPath(path).c_str(), 0,
+                                   FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE, nullptr,
+                                   OPEN_EXISTING, FILE_FLAG_BACKUP_SEMANTICS, nullptr));
+        BY_HANDLE_FILE_INFORMATION info{};
+        if (!file.IsValid() || !::GetFileInformationByHandle(file.Get(), &info)) return false;
+        entry.strName = FinalComponent(path);
+        FillInfo(info, entry);
+        return true;
+    }
     WIN32_FILE_ATTRIBUTE_DATA data{};
     if (!::GetFileAttributesExW(ToApiPath(path).c_str(), GetFileExInfoStandard, &data)) {
         return false;
@@ -304,6 +318,9 @@ bool GetEntryInfo(std::u16string_view path, CDirEntry& entry) {
     FillInfo(data, entry);
     return true;
 }
+
+// Win32 directory listings hold no devices, FIFOs or sockets.
+bool IsSpecialFile(std::u16string_view) { return false; }
 
 bool GetVolumeInformation(std::u16string_view path, std::u16string& strFileSystem) {
     std::wstring strRoot;

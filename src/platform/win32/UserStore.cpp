@@ -1,5 +1,9 @@
 // The Windows user store: a registry key under HKEY_CURRENT_USER\Software,
 // values of type REG_SZ. The registry makes each change durable by itself.
+// From opening to closing a store owns a named mutex of the session, so
+// programs running at once take turns at their read-merge-write of the
+// remembered lists. A mutex is owned again by the thread owning it, so
+// stores opened at once by one thread do not wait for each other.
 #include "platform/UserStore.h"
 
 #include <windows.h>
@@ -11,8 +15,14 @@ namespace {
 
 class CRegistryUserStore : public IUserStore {
 public:
-    explicit CRegistryUserStore(HKEY hKey) : m_hKey(hKey) {}
-    ~CRegistryUserStore() override { ::RegCloseKey(m_hKey); }
+    CRegistryUserStore(HKEY hKey, HANDLE hLock) : m_hKey(hKey), m_hLock(hLock) {}
+    ~CRegistryUserStore() override {
+        ::RegCloseKey(m_hKey);
+        if (m_hLock) {
+            ::ReleaseMutex(m_hLock);
+            ::CloseHandle(m_hLock);
+        }
+    }
     CRegistryUserStore(const CRegistryUserStore&) = delete;
     CRegistryUserStore& operator=(const CRegistryUserStore&) = delete;
 
@@ -51,25 +61,50 @@ public:
 
 private:
     HKEY m_hKey;
+    HANDLE m_hLock;  // null when no mutex could be made: then unlocked
 };
+
+HANDLE TakeStoreLock(std::u16string_view strPlace) {
+    std::wstring strName = L"Local\\ZorvaneUserStore.";
+    for (const char16_t ch : strPlace) strName += ch == u'\\' ? L'.' : wchar_t(ch);
+    HANDLE hMutex = ::CreateMutexW(nullptr, FALSE, strName.c_str());
+    if (!hMutex) return nullptr;
+    const DWORD dwWait = ::WaitForSingleObject(hMutex, INFINITE);
+    if (dwWait != WAIT_OBJECT_0 && dwWait != WAIT_ABANDONED) {
+        ::CloseHandle(hMutex);
+        return nullptr;
+    }
+    return hMutex;
+}
 
 }  // namespace
 
 std::u16string DefaultUserStorePlace() { return u"Halvorn\\Zorvane"; }
 
 std::unique_ptr<IUserStore> OpenUserStore(std::u16string_view strPlace) {
+    HANDLE hLock = TakeStoreLock(strPlace);
+    auto Unlock = [hLock] {
+        if (!hLock) return;
+        ::ReleaseMutex(hLock);
+        ::CloseHandle(hLock);
+    };
     // "Software" first, then the program's key under it, created if missing.
     HKEY hSoftware = nullptr;
     if (::RegOpenKeyExW(HKEY_CURRENT_USER, L"Software", 0, KEY_READ | KEY_CREATE_SUB_KEY,
-                        &hSoftware) != ERROR_SUCCESS)
+                        &hSoftware) != ERROR_SUCCESS) {
+        Unlock();
         return nullptr;
+    }
     HKEY hKey = nullptr;
     const LONG nResult =
         ::RegCreateKeyExW(hSoftware, ToWide(strPlace).c_str(), 0, nullptr, REG_OPTION_NON_VOLATILE,
                           KEY_ALL_ACCESS, nullptr, &hKey, nullptr);
     ::RegCloseKey(hSoftware);
-    if (nResult != ERROR_SUCCESS) return nullptr;
-    return std::make_unique<CRegistryUserStore>(hKey);
+    if (nResult != ERROR_SUCCESS) {
+        Unlock();
+        return nullptr;
+    }
+    return std::make_unique<CRegistryUserStore>(hKey, hLock);
 }
 
 }  // namespace zv::platform
