@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "Version.h"
+#include "app/CompareCommand.h"
 #include "app/CrcCommand.h"
 #include "app/DateArgument.h"
 #include "app/ProgramServices.h"
@@ -61,6 +62,8 @@ int main(int argc, char** argv) {
     pCrc->add_flag("--quick", bCrcQuick,
                    "The checksum of one 4096-byte sample block from the middle of each file");
 
+    const zv::CCompareCommands compare(app);
+
     // Arguments as UTF-8 on every platform, so names beyond ASCII survive.
     const std::vector<std::string> aArgs = zv::platform::GetUtf8Arguments(argc, argv);
     std::vector<const char*> aArgv;
@@ -76,7 +79,8 @@ int main(int argc, char** argv) {
         return kUsageError;
     }
 
-    const bool bCommand = pScan->parsed() || pSettings->parsed() || pCrc->parsed();
+    const bool bCommand = pScan->parsed() || pSettings->parsed() || pCrc->parsed() ||
+                          compare.Parsed();
     if (!strSettingsFile.empty() && bCommand) {
         std::fprintf(stderr, "zorvane-cli: give either a settings file or a command\n\n%s",
                      app.help().c_str());
@@ -96,6 +100,7 @@ int main(int argc, char** argv) {
             aPaths.push_back(zv::platform::Utf8ToUtf16(strPath));
         return zv::RunCrcCommand(aPaths, bCrcHex, bCrcNoTags, bCrcQuick);
     }
+    if (compare.Parsed()) return compare.Run();
     std::fprintf(stderr, "zorvane-cli: give a settings file or a command\n\n%s",
                  app.help().c_str());
     return kUsageError;

@@ -39,6 +39,7 @@ void CResultLists::Clear() {
     m_dLargestDirsFloor = 0;
     m_aDuplicateGroups.clear();
     m_aDuplicateDirGroups.clear();
+    m_compare.Clear();
 }
 
 CWZorvaneDoc::CWZorvaneDoc() = default;

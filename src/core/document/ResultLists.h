@@ -4,6 +4,7 @@
 
 #include <vector>
 
+#include "core/document/CompareList.h"
 #include "core/records/DirectoryData.h"
 
 namespace zv {
@@ -20,6 +21,7 @@ struct CResultLists {
     double m_dLargestDirsFloor = 0;
     std::vector<CDuplicateGroup> m_aDuplicateGroups;
     std::vector<CDuplicateDirGroup> m_aDuplicateDirGroups;
+    CCompareList m_compare;
 
     void Clear();
 };
