@@ -21,7 +21,9 @@ void WriteErr(std::u16string_view strText) {
 // The screen side of a progress dialog: its lines joined on the host's line.
 class CConsoleProgressView : public IProgressView {
 public:
-    explicit CConsoleProgressView(CConsoleHost& host) : m_host(host) {}
+    CConsoleProgressView(CConsoleHost& host, CProgressDialog& dialog, bool bDraw)
+        : m_host(host), m_dialog(dialog), m_bDraw(bDraw) {}
+    ~CConsoleProgressView() override { m_host.ForgetProgress(m_dialog); }
     void SetText(std::u16string_view strText) override {
         m_strText = strText;
         Draw();
@@ -37,6 +39,7 @@ public:
 
 private:
     void Draw() {
+        if (!m_bDraw) return;
         std::u16string strLine = platform::U16(std::to_string(m_nPercent)) + u"% ";
         for (const std::u16string* p : {&m_strText, &m_aLines[0], &m_aLines[1], &m_aLines[2]}) {
             if (p->empty()) continue;
@@ -47,6 +50,8 @@ private:
     }
 
     CConsoleHost& m_host;
+    CProgressDialog& m_dialog;
+    const bool m_bDraw;
     std::u16string m_strText;
     std::u16string m_aLines[3];
     int m_nPercent = 0;
@@ -66,7 +71,16 @@ void CConsoleHost::PumpMessages() {
         pDoc->m_bStopRequested = 1;
         ClearLine();
         WriteErr(u"Stopping: the scan keeps what it has found so far.\n");
+    } else if (m_pProgress && m_pProgress->CanStop()) {
+        // Other long work stops as the Cancel button of its dialog stops it.
+        m_pProgress->OnCancel();
+        ClearLine();
+        WriteErr(u"Stopping: the results so far are kept.\n");
     }
+}
+
+void CConsoleHost::ForgetProgress(CProgressDialog& dialog) {
+    if (m_pProgress == &dialog) m_pProgress = nullptr;
 }
 
 void CConsoleHost::ShowMessage(std::u16string_view strMessage) {
@@ -86,9 +100,9 @@ void CConsoleHost::SetStatusText(std::u16string_view strText) {
     if (!strText.empty()) DrawLine(strText);
 }
 
-std::unique_ptr<IProgressView> CConsoleHost::OpenProgress(CProgressDialog&) {
-    if (!m_bTerminal) return nullptr;
-    return std::make_unique<CConsoleProgressView>(*this);
+std::unique_ptr<IProgressView> CConsoleHost::OpenProgress(CProgressDialog& dialog) {
+    m_pProgress = &dialog;
+    return std::make_unique<CConsoleProgressView>(*this, dialog, m_bTerminal);
 }
 
 void CConsoleHost::ShowErrorList(std::u16string_view strTitle, const CErrorList& errors) {

@@ -1,6 +1,7 @@
 // The command line's host: messages go to stderr, every question takes its
 // safe answer, progress is one updating line on stderr when stderr is a
-// terminal (and nothing otherwise), and Ctrl-C asks the running scan to stop.
+// terminal (and nothing otherwise), and Ctrl-C asks the running scan, or the
+// long work of the last progress dialog opened, to stop.
 #pragma once
 
 #include <chrono>
@@ -28,12 +29,15 @@ public:
     void DrawLine(std::u16string_view strText, bool bForce = false);
     // Clears the progress line, so that ordinary output starts on a clean line.
     void ClearLine();
+    // Called when a dialog's screen side closes.
+    void ForgetProgress(CProgressDialog& dialog);
 
 private:
     // Checksum workers set status texts too.
     std::mutex m_mutex;
     bool m_bTerminal;
     bool m_bLineShown = false;
+    CProgressDialog* m_pProgress = nullptr;  // the last dialog opened, for Ctrl-C
     std::chrono::steady_clock::time_point m_lastDraw;
 };
 

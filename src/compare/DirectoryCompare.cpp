@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cstdio>
+#include <unordered_map>
 
 #include "compare/CompareStatus.h"
 #include "compare/FilePairCompare.h"
@@ -57,6 +58,35 @@ T* FindByName(const CPtrArray<T>& aItems, std::u16string_view strName) {
         if (platform::EqualsNoCase(p->m_strName.View(), strName)) return p;
     return nullptr;
 }
+
+// The first file of a directory with a given name, without regard to case.
+// A linear search per file is quadratic in a directory of thousands of
+// files, so a large directory gets an index of upper-cased names that keeps
+// the first file of each, which finds what the linear search finds.
+class CFileFinder {
+public:
+    explicit CFileFinder(CDirectoryData* pDir) : m_pDir(pDir) {
+        if (!pDir || pDir->m_aFiles.GetSize() < kIndexFrom) return;
+        m_index.reserve(pDir->m_aFiles.GetSize());
+        for (CFileData* pFile : pDir->m_aFiles)
+            m_index.emplace(platform::ToUpperCopy(pFile->m_strName.View()), pFile);
+    }
+
+    CFileData* Find(std::u16string_view strName) {
+        if (!m_pDir) return nullptr;
+        if (m_index.empty()) return FindByName(m_pDir->m_aFiles, strName);
+        m_strKey.assign(strName);
+        platform::MakeUpper(m_strKey);
+        const auto it = m_index.find(m_strKey);
+        return it == m_index.end() ? nullptr : it->second;
+    }
+
+private:
+    static constexpr size_t kIndexFrom = 32;
+    CDirectoryData* m_pDir;
+    std::unordered_map<std::u16string, CFileData*> m_index;
+    std::u16string m_strKey;
+};
 
 }  // namespace
 
@@ -127,9 +157,10 @@ void CDirectoryCompare::CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRig
             aEntries.push_back(MakeFileEntry(nullptr, nullptr, pFile, pRight, CompareLeftFileMissing));
         return;
     }
+    CFileFinder finder(pRight);
     for (CFileData* pFile : pLeft->m_aFiles) {
         if (!CountFile()) return;
-        CFileData* pOther = pRight ? FindByName(pRight->m_aFiles, pFile->m_strName.View()) : nullptr;
+        CFileData* pOther = finder.Find(pFile->m_strName.View());
         if (!pOther) {
             aEntries.push_back(MakeFileEntry(pFile, pLeft, nullptr, pRight, CompareRightFileMissing));
             continue;

@@ -1,6 +1,7 @@
 #include "compare/FilePairCompare.h"
 
 #include <cstring>
+#include <vector>
 
 #include "compare/CompareStatus.h"
 #include "compare/TextLineReader.h"
@@ -16,16 +17,41 @@ namespace {
 constexpr size_t kBinaryBlock = 8192;
 constexpr size_t kLineBuffer = 10240;
 
-// Fills the block unless the file ends first; -1 on a read error.
-int64_t ReadBlock(platform::CFileReader& file, unsigned char* pBlock) {
-    size_t nDone = 0;
-    while (nDone < kBinaryBlock) {
-        const int64_t n = file.Read(pBlock + nDone, kBinaryBlock - nDone);
-        if (n < 0) return -1;
-        if (n == 0) break;
-        nDone += static_cast<size_t>(n);
+// The files are read in chunks of several blocks, to spend fewer calls on
+// the system, and walked block by block as if each block had been read on
+// its own.
+constexpr size_t kChunk = 8 * kBinaryBlock;
+
+struct CChunk {
+    size_t nBytes = 0;
+    bool bFailed = false;  // a read failed after nBytes
+};
+
+// Fills the buffer unless the file ends or a read fails first. A regular
+// file reads short only at its end, so a short read ends the chunk without
+// one more call to see the end.
+CChunk ReadChunk(platform::CFileReader& file, unsigned char* pBuffer) {
+    CChunk chunk;
+    while (chunk.nBytes < kChunk) {
+        const size_t nWanted = kChunk - chunk.nBytes;
+        const int64_t n = file.Read(pBuffer + chunk.nBytes, nWanted);
+        if (n < 0) chunk.bFailed = true;
+        if (n <= 0) break;
+        chunk.nBytes += static_cast<size_t>(n);
+        if (static_cast<size_t>(n) < nWanted) break;
     }
-    return static_cast<int64_t>(nDone);
+    return chunk;
+}
+
+// The bytes of a block at nOffset: a block ends at the chunk's end.
+size_t BlockAt(const CChunk& chunk, size_t nOffset) {
+    if (nOffset >= chunk.nBytes) return 0;
+    return chunk.nBytes - nOffset < kBinaryBlock ? chunk.nBytes - nOffset : kBinaryBlock;
+}
+
+// Whether reading the block at nOffset on its own would have failed.
+bool BlockFails(const CChunk& chunk, size_t nOffset) {
+    return chunk.bFailed && nOffset + kBinaryBlock > chunk.nBytes;
 }
 
 std::u16string_view FileNameOf(const std::u16string& strPath) {
@@ -81,27 +107,31 @@ CPairResult CompareFilesBinary(const std::u16string& strLeft, const std::u16stri
     if (!left.Open(strLeft)) return {CompareLeftUnreadable, 0};
     if (!right.Open(strRight)) return {CompareRightUnreadable, 0};
     CPairProgress progress(pProgress, strLeft, dLeftSize);
-    unsigned char aLeft[kBinaryBlock], aRight[kBinaryBlock];
+    static thread_local std::vector<unsigned char> aLeft(kChunk), aRight(kChunk);
     double dEarlier = 0;
     for (;;) {
-        progress.Update(dEarlier);
-        const int64_t nLeft = ReadBlock(left, aLeft);
-        if (nLeft < 0) return {CompareLeftUnreadable, 0};
-        const int64_t nRight = ReadBlock(right, aRight);
-        if (nRight < 0) return {CompareRightUnreadable, 0};
-        if (nLeft != nRight) return {CompareAtByte, dEarlier};
-        if (nLeft == 0) return {CompareIdentical, 0};
-        const size_t nBytes = static_cast<size_t>(nLeft);
-        if (std::memcmp(aLeft, aRight, nBytes) != 0) {
-            // Counted in units of two bytes: the value inside the block is
-            // half the offset, which the program has always shown.
-            size_t nUnits = 0;
-            while (nUnits < nBytes / 2 && std::memcmp(aLeft + 2 * nUnits, aRight + 2 * nUnits, 2) == 0)
-                ++nUnits;
-            return {CompareAtByte, dEarlier + static_cast<double>(nUnits)};
+        const CChunk chunkLeft = ReadChunk(left, aLeft.data());
+        const CChunk chunkRight = ReadChunk(right, aRight.data());
+        for (size_t nOffset = 0; nOffset < kChunk; nOffset += kBinaryBlock) {
+            progress.Update(dEarlier);
+            if (BlockFails(chunkLeft, nOffset)) return {CompareLeftUnreadable, 0};
+            if (BlockFails(chunkRight, nOffset)) return {CompareRightUnreadable, 0};
+            const size_t nBytes = BlockAt(chunkLeft, nOffset);
+            if (nBytes != BlockAt(chunkRight, nOffset)) return {CompareAtByte, dEarlier};
+            if (nBytes == 0) return {CompareIdentical, 0};
+            const unsigned char* pLeft = aLeft.data() + nOffset;
+            const unsigned char* pRight = aRight.data() + nOffset;
+            if (std::memcmp(pLeft, pRight, nBytes) != 0) {
+                // Counted in units of two bytes: the value inside the block
+                // is half the offset, which the program has always shown.
+                size_t nUnits = 0;
+                while (nUnits < nBytes / 2 && std::memcmp(pLeft + 2 * nUnits, pRight + 2 * nUnits, 2) == 0)
+                    ++nUnits;
+                return {CompareAtByte, dEarlier + static_cast<double>(nUnits)};
+            }
+            if (nBytes < kBinaryBlock) return {CompareIdentical, 0};
+            dEarlier += static_cast<double>(nBytes);
         }
-        if (nBytes < kBinaryBlock) return {CompareIdentical, 0};
-        dEarlier += static_cast<double>(nBytes);
     }
 }
 
