@@ -74,7 +74,7 @@ bool FindOpenCommand(std::u16string_view strPath, std::u16string& strCommand,
         }
     }
     if (!LookUpClassCommand(strExtension, strCommand, strDescription)) return false;
-    strCommand = PrepareOpenCommand(strCommand, platform::GetWindowsDirectory(),
+    strCommand = PrepareOpenCommand(strCommand, platform::GetWindowsFolder(),
                                     platform::GetEnvironmentText(u"ProgramFiles"));
     std::lock_guard<std::mutex> lock(g_mutex);
     g_aCache.push_back({strExtension, strCommand, strDescription});

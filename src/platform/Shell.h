@@ -19,7 +19,7 @@ int ShellOpen(std::u16string_view path);
 // or the value is missing, and always on POSIX.
 bool ReadClassesRootDefault(std::u16string_view strKey, std::u16string& strValue);
 // The Windows directory; empty on POSIX.
-std::u16string GetWindowsDirectory();
+std::u16string GetWindowsFolder();
 // An environment variable's value; empty when it is not set.
 std::u16string GetEnvironmentText(std::u16string_view strName);
 

@@ -73,7 +73,10 @@ class Cli:
         return "Z:" + path.replace("/", "\\") if self.wine else path
 
     def run(self, *args):
-        return subprocess.run(self.prefix + list(args), capture_output=True)
+        result = subprocess.run(self.prefix + list(args), capture_output=True)
+        # Standard output is in text mode on Windows.
+        result.stdout = result.stdout.replace(b"\r\n", b"\n")
+        return result
 
 
 def base_name(path):

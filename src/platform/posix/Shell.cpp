@@ -15,7 +15,7 @@ int ShellOpen(std::u16string_view path) {
 
 bool ReadClassesRootDefault(std::u16string_view, std::u16string&) { return false; }
 
-std::u16string GetWindowsDirectory() { return {}; }
+std::u16string GetWindowsFolder() { return {}; }
 
 std::u16string GetEnvironmentText(std::u16string_view strName) {
     const char* pszValue = std::getenv(Utf16ToUtf8(strName).c_str());

@@ -31,9 +31,9 @@ bool ReadClassesRootDefault(std::u16string_view strKey, std::u16string& strValue
     return bRead;
 }
 
-std::u16string GetWindowsDirectory() {
+std::u16string GetWindowsFolder() {
     wchar_t szPath[MAX_PATH];
-    const UINT nLength = GetWindowsDirectoryW(szPath, MAX_PATH);
+    const UINT nLength = ::GetWindowsDirectoryW(szPath, MAX_PATH);
     return nLength && nLength < MAX_PATH ? FromWide(szPath, nLength) : std::u16string();
 }
 
