@@ -39,8 +39,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* pData, size_t nSize) {
     const std::string_view input(reinterpret_cast<const char*>(pData), nSize);
     const size_t nSplit = input.find('\0');
     const std::string_view left = input.substr(0, nSplit);
-    const std::string_view right = nSplit == std::string_view::npos ? std::string_view() : input.substr(nSplit + 1);
-    if (!platform::WriteFileContents(strLeft, left) || !platform::WriteFileContents(strRight, right))
+    const std::string_view right =
+        nSplit == std::string_view::npos ? std::string_view() : input.substr(nSplit + 1);
+    if (!platform::WriteFileContents(strLeft, left) ||
+        !platform::WriteFileContents(strRight, right))
         return 0;
 
     const CPairResult self = CompareFilesByLines(strLeft, strLeft, double(left.size()), nullptr);

@@ -58,7 +58,8 @@ CCompareShowFlags ShowFlagsOf(const std::vector<std::string>& aWords) {
 
 std::string ShowWordList() {
     std::string strList;
-    for (const CShowWord& word : kShowWords) strList += std::string(strList.empty() ? "" : ",") + word.pszWord;
+    for (const CShowWord& word : kShowWords)
+        strList += std::string(strList.empty() ? "" : ",") + word.pszWord;
     return strList;
 }
 
@@ -71,7 +72,8 @@ std::string JsonString(std::u16string_view str) {
     for (size_t i = 0; i < str.size(); ++i) {
         const char16_t ch = str[i];
         const bool bHigh = ch >= 0xD800 && ch <= 0xDBFF;
-        const bool bPair = bHigh && i + 1 < str.size() && str[i + 1] >= 0xDC00 && str[i + 1] <= 0xDFFF;
+        const bool bPair =
+            bHigh && i + 1 < str.size() && str[i + 1] >= 0xDC00 && str[i + 1] <= 0xDFFF;
         char szEscape[8];
         if (ch == u'"' || ch == u'\\') {
             strOut += '\\';
@@ -158,8 +160,10 @@ std::u16string RefusePair(const std::u16string& strLeft, const std::u16string& s
     const bool bNoCase = platform::kPathSeparator == u'\\';
     if (bNoCase ? platform::EqualsNoCase(strLeft, strRight) : strLeft == strRight)
         return u"Directory 1 cannot equal directory 2";
-    if (StartsWithDirectory(strLeft, strRight)) return u"Directory 1 is contained within directory 2";
-    if (StartsWithDirectory(strRight, strLeft)) return u"Directory 2 is contained within directory 1";
+    if (StartsWithDirectory(strLeft, strRight))
+        return u"Directory 1 is contained within directory 2";
+    if (StartsWithDirectory(strRight, strLeft))
+        return u"Directory 2 is contained within directory 1";
     return {};
 }
 
@@ -186,7 +190,8 @@ int RunCompareCommand(const CCompareOptions& options) {
     // Only the two directories are scanned, not the settings file's roots.
     auto& aRoots = doc.m_scan.m_aRoots;
     while (aRoots.GetSize() > 2) aRoots.DeleteAt(0);
-    const std::u16string strRefusal = RefusePair(aRoots[0]->GetFullPath(), aRoots[1]->GetFullPath());
+    const std::u16string strRefusal =
+        RefusePair(aRoots[0]->GetFullPath(), aRoots[1]->GetFullPath());
     if (!strRefusal.empty()) {
         command.Host().ShowMessage(strRefusal);
         return kError;
@@ -201,7 +206,8 @@ int RunCompareCommand(const CCompareOptions& options) {
 
     const CCompareList& list = doc.m_results.m_compare;
     const CCompareShowFlags show = ShowFlagsOf(options.m_aShow);
-    const std::string strOut = options.m_strFormat == "json" ? FormatJson(list, show) : FormatText(list, show);
+    const std::string strOut =
+        options.m_strFormat == "json" ? FormatJson(list, show) : FormatText(list, show);
     if (!WriteOutput(strOut, options.m_strOutput) || compare.WasStopped()) return kError;
     return ExitStatusOf(list);
 }
@@ -248,7 +254,8 @@ int RunCompareFilesCommand(const CCompareFilesOptions& options) {
         result = CompareFilesBinary(strFile1, strFile2, dSize1, nullptr);
     else
         result = CompareFilesByLines(strFile1, strFile2, dSize1, nullptr);
-    WriteOutput(platform::Utf16ToUtf8(GetCompareStatusText(result.m_nStatus, result.m_dValue)) + "\n", {});
+    WriteOutput(
+        platform::Utf16ToUtf8(GetCompareStatusText(result.m_nStatus, result.m_dValue)) + "\n", {});
     if (IsUnreadable(result.m_nStatus)) return kError;
     return result.m_nStatus == CompareIdentical ? 0 : 1;
 }
@@ -276,7 +283,8 @@ CCompareCommands::CCompareCommands(CLI::App& app) {
                      "text: kind, status, left path and right path per line, tab-separated; "
                      "json: an object with the array entries")
         ->check(CLI::IsMember({"text", "json"}));
-    m_pCompare->add_option("-o,--output", m_compare.m_strOutput, "Write to FILE")->type_name("FILE");
+    m_pCompare->add_option("-o,--output", m_compare.m_strOutput, "Write to FILE")
+        ->type_name("FILE");
     m_pCompare
         ->add_option("--settings", m_compare.m_strSettingsFile,
                      "Load this settings file first: filters, options and the default compare "
@@ -288,8 +296,7 @@ CCompareCommands::CCompareCommands(CLI::App& app) {
         "Compare two files and print the status text; or start the diff program on them.");
     m_pFiles->add_option("FILE1", m_files.m_strFile1, "First file")->required();
     m_pFiles->add_option("FILE2", m_files.m_strFile2, "Second file")->required();
-    CLI::Option* pLines =
-        m_pFiles->add_flag("--lines", m_files.m_bLines, "Compare line by line");
+    CLI::Option* pLines = m_pFiles->add_flag("--lines", m_files.m_bLines, "Compare line by line");
     m_pFiles
         ->add_flag("--blanks", m_files.m_bBlanks,
                    "Compare line by line, ignoring leading and trailing blanks")

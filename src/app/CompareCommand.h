@@ -17,9 +17,9 @@ struct CCompareOptions {
     std::string m_strSettingsFile;
     std::string m_strLeft, m_strRight;  // UTF-8, as given
     bool m_bSubdirs = false;
-    std::vector<std::string> m_aShow;   // show words; all shown when empty
+    std::vector<std::string> m_aShow;  // show words; all shown when empty
     std::string m_strFormat = "text";
-    std::string m_strOutput;            // standard output when empty
+    std::string m_strOutput;  // standard output when empty
 };
 
 struct CCompareFilesOptions {

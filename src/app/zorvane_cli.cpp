@@ -79,8 +79,8 @@ int main(int argc, char** argv) {
         return kUsageError;
     }
 
-    const bool bCommand = pScan->parsed() || pSettings->parsed() || pCrc->parsed() ||
-                          compare.Parsed();
+    const bool bCommand =
+        pScan->parsed() || pSettings->parsed() || pCrc->parsed() || compare.Parsed();
     if (!strSettingsFile.empty() && bCommand) {
         std::fprintf(stderr, "zorvane-cli: give either a settings file or a command\n\n%s",
                      app.help().c_str());

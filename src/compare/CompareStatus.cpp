@@ -19,27 +19,48 @@ std::u16string WithNumber(const char* pszFormat, double dValue) {
 
 std::u16string GetCompareStatusText(int32_t nStatus, double dValue) {
     switch (nStatus) {
-        case CompareIdentical: return u"Identical";
-        case CompareBlanksOnly: return u"Different in blanks only";
-        case CompareFileSize: return u"Different in size";
-        case CompareFileCrc: return u"Different in CRC";
-        case CompareAtByte: return WithNumber("Different at byte: %.0f", dValue);
-        case CompareAtLine: return WithNumber("Different at line: %.0f", dValue);
-        case CompareLeftFileMissing: return u"Left file not found";
-        case CompareRightFileMissing: return u"Right file not found";
-        case CompareLeftUnreadable: return u"Cannot read left file";
-        case CompareRightUnreadable: return u"Cannot read right file";
-        case CompareLeftDirMissing: return u"Left directory not found";
-        case CompareRightDirMissing: return u"Right directory not found";
-        case CompareDirSize: return u"Different in size";
-        case CompareDirSizeWithSubdirs: return u"Different in size (with sub)";
-        case CompareDirFiles: return u"Different in number of files";
-        case CompareDirFilesWithSubdirs: return u"Different in number of files (with sub)";
-        case CompareDirSubdirs: return u"Different in number of subdirectories";
-        case CompareDirSubdirsAllLevels: return u"Different in number of subdirectories (with sub)";
-        case CompareDirCrc: return u"Different in CRC";
-        case CompareDirCrcWithSubdirs: return u"Different in CRC (with sub)";
-        default: return u"Unknown status";
+        case CompareIdentical:
+            return u"Identical";
+        case CompareBlanksOnly:
+            return u"Different in blanks only";
+        case CompareFileSize:
+            return u"Different in size";
+        case CompareFileCrc:
+            return u"Different in CRC";
+        case CompareAtByte:
+            return WithNumber("Different at byte: %.0f", dValue);
+        case CompareAtLine:
+            return WithNumber("Different at line: %.0f", dValue);
+        case CompareLeftFileMissing:
+            return u"Left file not found";
+        case CompareRightFileMissing:
+            return u"Right file not found";
+        case CompareLeftUnreadable:
+            return u"Cannot read left file";
+        case CompareRightUnreadable:
+            return u"Cannot read right file";
+        case CompareLeftDirMissing:
+            return u"Left directory not found";
+        case CompareRightDirMissing:
+            return u"Right directory not found";
+        case CompareDirSize:
+            return u"Different in size";
+        case CompareDirSizeWithSubdirs:
+            return u"Different in size (with sub)";
+        case CompareDirFiles:
+            return u"Different in number of files";
+        case CompareDirFilesWithSubdirs:
+            return u"Different in number of files (with sub)";
+        case CompareDirSubdirs:
+            return u"Different in number of subdirectories";
+        case CompareDirSubdirsAllLevels:
+            return u"Different in number of subdirectories (with sub)";
+        case CompareDirCrc:
+            return u"Different in CRC";
+        case CompareDirCrcWithSubdirs:
+            return u"Different in CRC (with sub)";
+        default:
+            return u"Unknown status";
     }
 }
 

@@ -45,7 +45,8 @@ std::unique_ptr<CCompareEntry> MakeFileEntry(CFileData* pLeft, CDirectoryData* p
 }
 
 // By name without regard to case; an entry with no name sorts last.
-bool EntryNameLess(const std::unique_ptr<CCompareEntry>& pA, const std::unique_ptr<CCompareEntry>& pB) {
+bool EntryNameLess(const std::unique_ptr<CCompareEntry>& pA,
+                   const std::unique_ptr<CCompareEntry>& pB) {
     const CFileData* pFileA = pA->m_pLeftFile ? pA->m_pLeftFile : pA->m_pRightFile;
     const CFileData* pFileB = pB->m_pLeftFile ? pB->m_pLeftFile : pB->m_pRightFile;
     if (!pFileA || !pFileB) return pFileA && !pFileB;
@@ -90,7 +91,8 @@ private:
 
 }  // namespace
 
-CDirectoryCompare::CDirectoryCompare(CCompareList& list, int nMode) : m_list(list), m_nMode(nMode) {}
+CDirectoryCompare::CDirectoryCompare(CCompareList& list, int nMode)
+    : m_list(list), m_nMode(nMode) {}
 
 int32_t CDirectoryCompare::CompareDirectories(CDirectoryData* pA, CDirectoryData* pB) {
     if (!pA) return CompareLeftDirMissing;
@@ -154,7 +156,8 @@ void CDirectoryCompare::CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRig
                                      std::vector<std::unique_ptr<CCompareEntry>>& aEntries) {
     if (!pLeft) {
         for (CFileData* pFile : pRight->m_aFiles)
-            aEntries.push_back(MakeFileEntry(nullptr, nullptr, pFile, pRight, CompareLeftFileMissing));
+            aEntries.push_back(
+                MakeFileEntry(nullptr, nullptr, pFile, pRight, CompareLeftFileMissing));
         return;
     }
     CFileFinder finder(pRight);
@@ -162,7 +165,8 @@ void CDirectoryCompare::CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRig
         if (!CountFile()) return;
         CFileData* pOther = finder.Find(pFile->m_strName.View());
         if (!pOther) {
-            aEntries.push_back(MakeFileEntry(pFile, pLeft, nullptr, pRight, CompareRightFileMissing));
+            aEntries.push_back(
+                MakeFileEntry(pFile, pLeft, nullptr, pRight, CompareRightFileMissing));
             continue;
         }
         pFile->m_uFlags |= FILE_COMPARE_MATCH;
@@ -175,7 +179,8 @@ void CDirectoryCompare::CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRig
     if (!pRight) return;
     for (CFileData* pFile : pRight->m_aFiles)
         if (!(pFile->m_uFlags & FILE_COMPARE_MATCH))
-            aEntries.push_back(MakeFileEntry(nullptr, pLeft, pFile, pRight, CompareLeftFileMissing));
+            aEntries.push_back(
+                MakeFileEntry(nullptr, pLeft, pFile, pRight, CompareLeftFileMissing));
 }
 
 void CDirectoryCompare::ComparePair(CDirectoryData* pLeft, CDirectoryData* pRight) {
@@ -202,7 +207,8 @@ void CDirectoryCompare::CompareSubdirs(CDirectoryData* pLeft, CDirectoryData* pR
     if (pLeft) {
         for (CDirectoryData* pSub : pLeft->m_aChildren) {
             if (m_bStopped) return;
-            CDirectoryData* pOther = pRight ? FindByName(pRight->m_aChildren, pSub->m_strName.View()) : nullptr;
+            CDirectoryData* pOther =
+                pRight ? FindByName(pRight->m_aChildren, pSub->m_strName.View()) : nullptr;
             if (pOther) {
                 AddDirEntry(pSub, pOther);
                 if (m_bWithSubdirs) ComparePair(pSub, pOther);

@@ -59,7 +59,8 @@ CFileCompareOutcome CompareTwoFilesBinary(const std::u16string& strFile1,
         dBytes1 += static_cast<double>(n1);
         if (percent.Update(dBytes1, dSize1)) {
             progress.SetText(
-                (u"Comparing files %" + platform::U16(std::to_string(percent.GetPercent()))).c_str());
+                (u"Comparing files %" + platform::U16(std::to_string(percent.GetPercent())))
+                    .c_str());
         }
         if (progress.IsStopped()) break;
         const size_t nCommon = static_cast<size_t>(n1 < n2 ? n1 : n2);
@@ -68,11 +69,11 @@ CFileCompareOutcome CompareTwoFilesBinary(const std::u16string& strFile1,
             while (a1[i] == a2[i]) ++i;
             uPosition += static_cast<uint32_t>(i);
             outcome.m_bDifferent = true;
-            outcome.m_strMessage = u"Difference found at byte " + Decimal(uPosition) +
-                                   u"\nFile1=" + strFile1 + u"\nFile2=" + strFile2 +
-                                   u"\nBytes (Int)=File1(" + Decimal(a1[i]) + u") File2(" +
-                                   Decimal(a2[i]) + u")\nBytes (Hex)=File1(x" + Hex(a1[i]) +
-                                   u") File2(x" + Hex(a2[i]) + u")";
+            outcome.m_strMessage = u"Difference found at byte " + Decimal(uPosition) + u"\nFile1=" +
+                                   strFile1 + u"\nFile2=" + strFile2 + u"\nBytes (Int)=File1(" +
+                                   Decimal(a1[i]) + u") File2(" + Decimal(a2[i]) +
+                                   u")\nBytes (Hex)=File1(x" + Hex(a1[i]) + u") File2(x" +
+                                   Hex(a2[i]) + u")";
             return outcome;
         }
         uPosition += static_cast<uint32_t>(nCommon);

@@ -125,7 +125,8 @@ CPairResult CompareFilesBinary(const std::u16string& strLeft, const std::u16stri
                 // Counted in units of two bytes: the value inside the block
                 // is half the offset, which the program has always shown.
                 size_t nUnits = 0;
-                while (nUnits < nBytes / 2 && std::memcmp(pLeft + 2 * nUnits, pRight + 2 * nUnits, 2) == 0)
+                while (nUnits < nBytes / 2 &&
+                       std::memcmp(pLeft + 2 * nUnits, pRight + 2 * nUnits, 2) == 0)
                     ++nUnits;
                 return {CompareAtByte, dEarlier + static_cast<double>(nUnits)};
             }
@@ -150,7 +151,8 @@ CPairResult CompareFilesByLines(const std::u16string& strLeft, const std::u16str
         if (left.AtEnd() || right.AtEnd()) return {CompareAtLine, dLine};
         dLine += 1;
         progress.Update(dCharacters);
-        const std::u16string_view lineLeft = AsCString(aLeft.data(), left.ReadLine(aLeft.data(), kLineBuffer));
+        const std::u16string_view lineLeft =
+            AsCString(aLeft.data(), left.ReadLine(aLeft.data(), kLineBuffer));
         const std::u16string_view lineRight =
             AsCString(aRight.data(), right.ReadLine(aRight.data(), kLineBuffer));
         if (left.Failed()) return {CompareLeftUnreadable, 0};

@@ -32,7 +32,8 @@ bool LookUpClassCommand(const std::u16string& strExtension, std::u16string& strC
     if (!platform::ReadClassesRootDefault(strExtension, strClass) || strClass.empty()) return false;
     bool bFound = false;
     for (const char16_t* pszVerb :
-         {u"\\shell\\open\\command", u"\\shell\\&Open with MSDev\\command", u"\\shell\\&Open with VStudio\\command"}) {
+         {u"\\shell\\open\\command", u"\\shell\\&Open with MSDev\\command",
+          u"\\shell\\&Open with VStudio\\command"}) {
         if (platform::ReadClassesRootDefault(strClass + pszVerb, strCommand)) {
             bFound = true;
             break;
@@ -46,7 +47,8 @@ bool LookUpClassCommand(const std::u16string& strExtension, std::u16string& strC
 std::u16string PrepareOpenCommand(std::u16string strCommand, std::u16string_view strWindowsDir,
                                   std::u16string_view strProgramFiles) {
     constexpr std::u16string_view kSystemRoot = u"%SystemRoot%";
-    if (strCommand.starts_with(kSystemRoot)) strCommand.replace(0, kSystemRoot.size(), strWindowsDir);
+    if (strCommand.starts_with(kSystemRoot))
+        strCommand.replace(0, kSystemRoot.size(), strWindowsDir);
     for (std::u16string_view strCut : {u"\"%1\"", u"%1", u"\"%L\"", u"%L"}) {
         const size_t nAt = strCommand.find(strCut);
         if (nAt != std::u16string::npos) {

@@ -16,9 +16,12 @@ size_t IncompleteTail(std::string_view s) {
         const unsigned char c = static_cast<unsigned char>(s[s.size() - k]);
         if ((c & 0xC0) == 0x80) continue;  // a continuation byte: look further back
         size_t nNeed = 1;
-        if (c >= 0xF0) nNeed = 4;
-        else if (c >= 0xE0) nNeed = 3;
-        else if (c >= 0xC0) nNeed = 2;
+        if (c >= 0xF0)
+            nNeed = 4;
+        else if (c >= 0xE0)
+            nNeed = 3;
+        else if (c >= 0xC0)
+            nNeed = 2;
         return nNeed > k ? k : 0;
     }
     return 0;

@@ -12,8 +12,8 @@ namespace zv::platform {
 
 // A started program that the caller means to wait for.
 struct CStartedProcess {
-    int64_t m_nId = 0;             // the process id on POSIX
-    void* m_hProcess = nullptr;    // the process handle on Windows
+    int64_t m_nId = 0;           // the process id on POSIX
+    void* m_hProcess = nullptr;  // the process handle on Windows
 };
 
 // Starts aArgs[0] with aArgs as its arguments, at normal priority and with

@@ -61,7 +61,8 @@ public:
     CRootDirectoryData& RightRoot() { return *m_doc.m_scan.m_aRoots[1]; }
 
     const CCompareList& Compare(bool bWithSubdirs, int nMode = 2) {
-        CDirectoryCompare(m_doc.m_results.m_compare, nMode).Run(&LeftRoot(), &RightRoot(), bWithSubdirs);
+        CDirectoryCompare(m_doc.m_results.m_compare, nMode)
+            .Run(&LeftRoot(), &RightRoot(), bWithSubdirs);
         return m_doc.m_results.m_compare;
     }
 

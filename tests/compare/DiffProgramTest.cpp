@@ -39,10 +39,14 @@ TEST(DiffProgram, BuildsTheArgumentsOfEachForm) {
     };
     const CCase aCases[] = {
         {"own_plain", OwnProgram(u"my diff", u"", u"", u""), 1, {u"my diff", u"a b", u"-c"}},
-        {"own_quoted_program", OwnProgram(u"\"C:\\Pro gram\\d.exe\"", u"/x \"two words\"", u"", u""),
-         0, {u"C:\\Pro gram\\d.exe", u"/x", u"two words", u"a b", u"-c"}},
+        {"own_quoted_program",
+         OwnProgram(u"\"C:\\Pro gram\\d.exe\"", u"/x \"two words\"", u"", u""),
+         0,
+         {u"C:\\Pro gram\\d.exe", u"/x", u"two words", u"a b", u"-c"}},
         // File options stick to the path unless they end in a blank.
-        {"own_file_options", OwnProgram(u"d", u"", u"/dl Left /left:", u"-R "), 0,
+        {"own_file_options",
+         OwnProgram(u"d", u"", u"/dl Left /left:", u"-R "),
+         0,
          {u"d", u"/dl", u"Left", u"/left:a b", u"-R", u"-c"}},
 #ifdef _WIN32
         {"built_in", CDiffProgramSettings{}, 0, {u"wmerrow.exe", u"a b", u"-c"}},
@@ -57,9 +61,19 @@ TEST(DiffProgram, BuildsTheArgumentsOfEachForm) {
 }
 
 TEST(WindowsCommandLine, CarriesEveryArgumentUnchanged) {
-    const Args aArgs = {u"C:\\Program Files\\d.exe", u"", u"plain", u"two words", u"quote\"inside",
-                        u"\"", u"trailing\\", u"trailing space\\", u"\\\\server\\share",
-                        u"back\\\"quote", u"tab\there", u"; $(touch x) `y` & | > <", u"-rf"};
+    const Args aArgs = {u"C:\\Program Files\\d.exe",
+                        u"",
+                        u"plain",
+                        u"two words",
+                        u"quote\"inside",
+                        u"\"",
+                        u"trailing\\",
+                        u"trailing space\\",
+                        u"\\\\server\\share",
+                        u"back\\\"quote",
+                        u"tab\there",
+                        u"; $(touch x) `y` & | > <",
+                        u"-rf"};
     const std::u16string strLine = platform::BuildWindowsCommandLine(aArgs);
     EXPECT_EQ(platform::SplitWindowsCommandLine(strLine), aArgs) << platform::Utf16ToUtf8(strLine);
 }
@@ -92,7 +106,9 @@ TEST(DiffProgram, HandsHostileNamesOverAsOneArgumentEach) {
     fs::current_path(oldDirectory);
     SetHost(nullptr);
 
-    ASSERT_TRUE(bStarted) << (host.m_aMessages.empty() ? "" : platform::Utf16ToUtf8(host.m_aMessages[0]));
+    ASSERT_TRUE(bStarted) << (host.m_aMessages.empty()
+                                  ? ""
+                                  : platform::Utf16ToUtf8(host.m_aMessages[0]));
     EXPECT_EQ(nExit, 0);
     EXPECT_EQ(ReadRecord(record), (std::vector<std::string>{strName1, strName2}));
     for (const char* pszStray : {"x", "y", "z", "w"})
@@ -102,8 +118,8 @@ TEST(DiffProgram, HandsHostileNamesOverAsOneArgumentEach) {
 TEST(DiffProgram, ShowsTheSystemTextWhenTheProgramCannotStart) {
     CQuietHost host;
     SetHost(&host);
-    const bool bStarted = StartDiffProgram(OwnProgram(u"no-such-program-zv", u"", u"", u""), 0,
-                                           u"a", u"b", nullptr);
+    const bool bStarted =
+        StartDiffProgram(OwnProgram(u"no-such-program-zv", u"", u"", u""), 0, u"a", u"b", nullptr);
     SetHost(nullptr);
     EXPECT_FALSE(bStarted);
     ASSERT_EQ(host.m_aMessages.size(), 1u);

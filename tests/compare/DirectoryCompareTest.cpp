@@ -66,9 +66,11 @@ const CFilePairCase kFileCases[] = {
     {"right_missing", "f", "1", nullptr, "", 2, CompareRightFileMissing, 0},
 #ifndef _WIN32
     {"left_unreadable", "f", "1", "f", "1", 2, CompareLeftUnreadable, 0, ECrc::None, ELock::Left},
-    {"right_unreadable", "f", "1", "f", "1", 0, CompareRightUnreadable, 0, ECrc::None, ELock::Right},
+    {"right_unreadable", "f", "1", "f", "1", 0, CompareRightUnreadable, 0, ECrc::None,
+     ELock::Right},
     // Known equal checksums decide without opening either file.
-    {"known_crcs_open_nothing", "f", "a", "f", "b", 2, CompareIdentical, 0, ECrc::Equal, ELock::Both},
+    {"known_crcs_open_nothing", "f", "a", "f", "b", 2, CompareIdentical, 0, ECrc::Equal,
+     ELock::Both},
 #endif
 };
 
@@ -89,7 +91,8 @@ TEST_P(FilePairStatus, GivesTheStatusOfTheTable) {
         pRight->SetCrc(c.eCrc == ECrc::Equal ? 1 : 2);
     }
     if (c.eLock == ELock::Left || c.eLock == ELock::Both) trees.Lock(trees.Left() / c.pszLeftName);
-    if (c.eLock == ELock::Right || c.eLock == ELock::Both) trees.Lock(trees.Right() / c.pszRightName);
+    if (c.eLock == ELock::Right || c.eLock == ELock::Both)
+        trees.Lock(trees.Right() / c.pszRightName);
 
     const CCompareList& list = trees.Compare(false, c.nMode);
     const CCompareEntry* pEntry = FindFile(list, u"f");
@@ -115,10 +118,16 @@ const CDirPairCase kDirCases[] = {
     {"same_counts", {{"a", "1"}, {"d/", ""}}, {{"a", "2"}, {"d/", ""}}, CompareIdentical},
     {"files", {{"a", "1"}, {"b", "1"}}, {{"a", "1"}}, CompareDirFiles},
     {"subdirs", {{"d/", ""}, {"e/", ""}}, {{"d/", ""}}, CompareDirSubdirs},
-    {"files_with_subdirs", {{"d/a", "1"}, {"d/b", "1"}}, {{"d/a", "1"}}, CompareDirFilesWithSubdirs},
+    {"files_with_subdirs",
+     {{"d/a", "1"}, {"d/b", "1"}},
+     {{"d/a", "1"}},
+     CompareDirFilesWithSubdirs},
     {"subdirs_all_levels", {{"d/e/f/", ""}}, {{"d/e/", ""}}, CompareDirSubdirsAllLevels},
     {"crc", {{"a", "1"}}, {{"a", "1"}}, CompareDirCrc, DIR_CRC_VALID},
-    {"crc_with_subdirs", {{"a", "1"}}, {{"a", "1"}}, CompareDirCrcWithSubdirs,
+    {"crc_with_subdirs",
+     {{"a", "1"}},
+     {{"a", "1"}},
+     CompareDirCrcWithSubdirs,
      DIR_CRC_VALID | DIR_CRC_SUBDIRS_VALID},
 };
 
@@ -149,12 +158,15 @@ INSTANTIATE_TEST_SUITE_P(Compare, DirPairStatus, ::testing::ValuesIn(kDirCases),
 std::string Listing(const CCompareList& list) {
     std::string strOut;
     for (const auto& pEntry : list.m_aEntries) {
-        const std::u16string strLeft = pEntry->HasLeft() && !pEntry->m_pLeftParent && !pEntry->m_bFile
-                                           ? u"L" : pEntry->LeftName();
-        const std::u16string strRight = pEntry->HasRight() && !pEntry->m_pRightParent && !pEntry->m_bFile
-                                            ? u"R" : pEntry->RightName();
+        const std::u16string strLeft =
+            pEntry->HasLeft() && !pEntry->m_pLeftParent && !pEntry->m_bFile ? u"L"
+                                                                            : pEntry->LeftName();
+        const std::u16string strRight =
+            pEntry->HasRight() && !pEntry->m_pRightParent && !pEntry->m_bFile ? u"R"
+                                                                              : pEntry->RightName();
         strOut += std::string(pEntry->m_bFile ? "file " : "dir ") + platform::Utf16ToUtf8(strLeft) +
-                  "|" + platform::Utf16ToUtf8(strRight) + " " + std::to_string(pEntry->m_nStatus) + "\n";
+                  "|" + platform::Utf16ToUtf8(strRight) + " " + std::to_string(pEntry->m_nStatus) +
+                  "\n";
     }
     return strOut;
 }
@@ -224,16 +236,28 @@ TEST(DirectoryCompare, StopsWhereItIsAndKeepsTheEntriesSoFar) {
 
 TEST(CompareStatus, TextsAndShowFlagsFollowTheTable) {
     const std::pair<int32_t, const char16_t*> aTexts[] = {
-        {0, u"Identical"}, {1, u"Different in blanks only"}, {2, u"Different in size"},
-        {3, u"Different in CRC"}, {4, u"Different at byte: 12"}, {5, u"Different at line: 12"},
-        {6, u"Left file not found"}, {7, u"Right file not found"}, {8, u"Cannot read left file"},
-        {9, u"Cannot read right file"}, {10, u"Left directory not found"},
-        {11, u"Right directory not found"}, {12, u"Different in size"},
-        {13, u"Different in size (with sub)"}, {14, u"Different in number of files"},
+        {0, u"Identical"},
+        {1, u"Different in blanks only"},
+        {2, u"Different in size"},
+        {3, u"Different in CRC"},
+        {4, u"Different at byte: 12"},
+        {5, u"Different at line: 12"},
+        {6, u"Left file not found"},
+        {7, u"Right file not found"},
+        {8, u"Cannot read left file"},
+        {9, u"Cannot read right file"},
+        {10, u"Left directory not found"},
+        {11, u"Right directory not found"},
+        {12, u"Different in size"},
+        {13, u"Different in size (with sub)"},
+        {14, u"Different in number of files"},
         {15, u"Different in number of files (with sub)"},
         {16, u"Different in number of subdirectories"},
-        {17, u"Different in number of subdirectories (with sub)"}, {18, u"Different in CRC"},
-        {19, u"Different in CRC (with sub)"}, {20, u"Unknown status"}, {-1, u"Unknown status"}};
+        {17, u"Different in number of subdirectories (with sub)"},
+        {18, u"Different in CRC"},
+        {19, u"Different in CRC (with sub)"},
+        {20, u"Unknown status"},
+        {-1, u"Unknown status"}};
     for (const auto& [nStatus, pszText] : aTexts)
         EXPECT_EQ(GetCompareStatusText(nStatus, 12), pszText) << nStatus;
 
@@ -252,10 +276,12 @@ TEST(CompareStatus, TextsAndShowFlagsFollowTheTable) {
         entry.m_nStatus = c.nStatus;
         for (int nFlag = 0; nFlag < 3; ++nFlag) {
             CCompareShowFlags show{false, false, false, false, false, false};
-            bool* aFlags[2][3] = {{&show.m_bDifferentFiles, &show.m_bIdenticalFiles, &show.m_bFilesNotFound},
-                                  {&show.m_bDifferentDirs, &show.m_bIdenticalDirs, &show.m_bDirsNotFound}};
+            bool* aFlags[2][3] = {
+                {&show.m_bDifferentFiles, &show.m_bIdenticalFiles, &show.m_bFilesNotFound},
+                {&show.m_bDifferentDirs, &show.m_bIdenticalDirs, &show.m_bDirsNotFound}};
             *aFlags[c.bFile ? 0 : 1][nFlag] = true;
-            EXPECT_EQ(show.Shows(entry), nFlag == c.nFlag) << c.bFile << " " << c.nStatus << " " << nFlag;
+            EXPECT_EQ(show.Shows(entry), nFlag == c.nFlag)
+                << c.bFile << " " << c.nStatus << " " << nFlag;
         }
     }
 }

@@ -27,8 +27,10 @@ std::string Block(size_t n, size_t nChangedAt = std::string::npos, char chChange
 const CCase kCases[] = {
     {"equal", Block(3000), Block(3000), false, u"No differences found"},
     {"equal_empty", "", "", false, u"No differences found"},
-    {"prefix_of_file_2", Block(1500), Block(2100), true, u"No differences found\nBytes left in file $2"},
-    {"file_2_is_prefix", Block(1024), Block(1000), true, u"No differences found\nBytes left in file $1"},
+    {"prefix_of_file_2", Block(1500), Block(2100), true,
+     u"No differences found\nBytes left in file $2"},
+    {"file_2_is_prefix", Block(1024), Block(1000), true,
+     u"No differences found\nBytes left in file $1"},
     {"first_byte", "\x01rest", "\xFFrest", true,
      u"Difference found at byte 0\nFile1=$1\nFile2=$2\nBytes (Int)=File1(1) File2(255)\n"
      u"Bytes (Hex)=File1(x01) File2(xFF)"},
@@ -37,7 +39,8 @@ const CCase kCases[] = {
      u"Bytes (Hex)=File1(x41) File2(x0A)"},
 };
 
-std::u16string Expand(std::u16string strText, const std::u16string& str1, const std::u16string& str2) {
+std::u16string Expand(std::u16string strText, const std::u16string& str1,
+                      const std::u16string& str2) {
     for (const auto& [strMark, strPath] : {std::pair{u"$1", str1}, std::pair{u"$2", str2}}) {
         const size_t n = strText.find(strMark);
         if (n != std::u16string::npos) strText.replace(n, 2, strPath);
@@ -52,7 +55,8 @@ TEST_P(BinaryFileCompare, SaysWhatItFound) {
     test::CTempDir temp;
     const std::u16string str1 = platform::Utf8ToUtf16(temp.WriteFile("one", c.strFile1).string());
     const std::u16string str2 = platform::Utf8ToUtf16(temp.WriteFile("two", c.strFile2).string());
-    const CFileCompareOutcome outcome = CompareTwoFilesBinary(str1, str2, double(c.strFile1.size()));
+    const CFileCompareOutcome outcome =
+        CompareTwoFilesBinary(str1, str2, double(c.strFile1.size()));
     EXPECT_TRUE(outcome.m_bOpened);
     EXPECT_EQ(outcome.m_bDifferent, c.bDifferent);
     EXPECT_EQ(platform::Utf16ToUtf8(outcome.m_strMessage),

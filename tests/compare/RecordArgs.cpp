@@ -6,8 +6,8 @@
 #include <vector>
 
 #ifdef _WIN32
-#include <windows.h>
 #include <shellapi.h>
+#include <windows.h>
 #endif
 
 int main(int argc, char** argv) {
@@ -19,7 +19,8 @@ int main(int argc, char** argv) {
     int nArgs = 0;
     wchar_t** ppArgs = CommandLineToArgvW(GetCommandLineW(), &nArgs);
     for (int i = 0; i < nArgs; ++i) {
-        const int nBytes = WideCharToMultiByte(CP_UTF8, 0, ppArgs[i], -1, nullptr, 0, nullptr, nullptr);
+        const int nBytes =
+            WideCharToMultiByte(CP_UTF8, 0, ppArgs[i], -1, nullptr, 0, nullptr, nullptr);
         std::string strArg(static_cast<size_t>(nBytes), '\0');
         WideCharToMultiByte(CP_UTF8, 0, ppArgs[i], -1, strArg.data(), nBytes, nullptr, nullptr);
         strArg.resize(strArg.size() - 1);

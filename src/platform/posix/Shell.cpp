@@ -10,7 +10,7 @@ namespace zv::platform {
 int ShellOpen(std::u16string_view path) {
     int nError = 0;
     return StartProcess({u"xdg-open", std::u16string(path)}, nullptr, nError) ? 33
-                                                                                : kShellNoAssociation;
+                                                                              : kShellNoAssociation;
 }
 
 bool ReadClassesRootDefault(std::u16string_view, std::u16string&) { return false; }

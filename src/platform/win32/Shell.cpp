@@ -1,7 +1,7 @@
 #include "platform/Shell.h"
 
-#include <windows.h>
 #include <shellapi.h>
+#include <windows.h>
 
 #include "platform/win32/WideString.h"
 
@@ -16,15 +16,18 @@ int ShellOpen(std::u16string_view path) {
 
 bool ReadClassesRootDefault(std::u16string_view strKey, std::u16string& strValue) {
     HKEY hKey = nullptr;
-    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, ToWide(strKey).c_str(), 0, KEY_READ, &hKey) != ERROR_SUCCESS)
+    if (RegOpenKeyExW(HKEY_CLASSES_ROOT, ToWide(strKey).c_str(), 0, KEY_READ, &hKey) !=
+        ERROR_SUCCESS)
         return false;
     DWORD dwType = 0, dwBytes = 0;
-    bool bRead = RegQueryValueExW(hKey, nullptr, nullptr, &dwType, nullptr, &dwBytes) == ERROR_SUCCESS &&
-                 (dwType == REG_SZ || dwType == REG_EXPAND_SZ);
+    bool bRead =
+        RegQueryValueExW(hKey, nullptr, nullptr, &dwType, nullptr, &dwBytes) == ERROR_SUCCESS &&
+        (dwType == REG_SZ || dwType == REG_EXPAND_SZ);
     if (bRead) {
         std::wstring strBuffer(dwBytes / sizeof(wchar_t) + 1, L'\0');
-        bRead = RegQueryValueExW(hKey, nullptr, nullptr, &dwType,
-                                 reinterpret_cast<BYTE*>(strBuffer.data()), &dwBytes) == ERROR_SUCCESS;
+        bRead =
+            RegQueryValueExW(hKey, nullptr, nullptr, &dwType,
+                             reinterpret_cast<BYTE*>(strBuffer.data()), &dwBytes) == ERROR_SUCCESS;
         strValue = FromWide(strBuffer.c_str());
     }
     RegCloseKey(hKey);
