@@ -3,6 +3,7 @@
 #include <cstdio>
 
 #include "Version.h"
+#include "app/CompareCommand.h"
 #include "app/CrcCommand.h"
 #include "app/DateArgument.h"
 #include "app/LargestCommand.h"
@@ -73,6 +74,7 @@ int main(int argc, char** argv) {
     pMeta->add_option("FILE", aMetaPaths, "File (one or more)")->required();
     pMeta->add_flag("--json", bMetaJson, "An array of {path, fields} objects");
     zv::CDupsCommands dups(app);
+    const zv::CCompareCommands compare(app);
 
     // Arguments as UTF-8 on every platform, so names beyond ASCII survive.
     const std::vector<std::string> aArgs = zv::platform::GetUtf8Arguments(argc, argv);
@@ -90,7 +92,8 @@ int main(int argc, char** argv) {
     }
 
     const bool bCommand = pScan->parsed() || pSettings->parsed() || pCrc->parsed() ||
-                          pLargest->parsed() || pMeta->parsed() || dups.Parsed();
+                          pLargest->parsed() || pMeta->parsed() || dups.Parsed() ||
+                          compare.Parsed();
     if (!strSettingsFile.empty() && bCommand) {
         std::fprintf(stderr, "zorvane-cli: give either a settings file or a command\n\n%s",
                      app.help().c_str());
@@ -114,6 +117,7 @@ int main(int argc, char** argv) {
         return zv::RunCrcCommand(aPaths, bCrcHex, bCrcNoTags, bCrcQuick);
     }
     if (pMeta->parsed()) return zv::RunMetaCommand(aMetaPaths, bMetaJson);
+    if (compare.Parsed()) return compare.Run();
     std::fprintf(stderr, "zorvane-cli: give a settings file or a command\n\n%s",
                  app.help().c_str());
     return zv::kExitUsage;

@@ -40,6 +40,7 @@ void CResultLists::Clear() {
     m_aDuplicateGroups.clear();
     m_aDuplicateDirGroups.clear();
     m_totals.Clear();
+    m_compare.Clear();
 }
 
 CWZorvaneDoc::CWZorvaneDoc() = default;

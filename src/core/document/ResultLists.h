@@ -5,6 +5,7 @@
 #include <vector>
 
 #include "core/document/TotalTables.h"
+#include "core/document/CompareList.h"
 #include "core/records/DirectoryData.h"
 
 namespace zv {
@@ -22,6 +23,7 @@ struct CResultLists {
     std::vector<CDuplicateGroup> m_aDuplicateGroups;
     std::vector<CDuplicateDirGroup> m_aDuplicateDirGroups;
     CTotalTables m_totals;  // largest owner and largest type
+    CCompareList m_compare;
 
     void Clear();
 };

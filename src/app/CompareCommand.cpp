@@ -1,0 +1,321 @@
+#include "app/CompareCommand.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+
+#include "app/CommandScan.h"
+#include "app/SettingsCommand.h"
+#include "compare/CompareStatus.h"
+#include "compare/DiffProgram.h"
+#include "compare/DirectoryCompare.h"
+#include "compare/FileCompare.h"
+#include "compare/FilePairCompare.h"
+#include "platform/FileContents.h"
+#include "platform/FileSystem.h"
+#include "platform/Process.h"
+#include "platform/Text.h"
+
+namespace zv {
+
+namespace {
+
+constexpr int kError = 2;
+
+// The show words and the check boxes each turns on.
+struct CShowWord {
+    const char* pszWord;
+    bool CCompareShowFlags::*aFlags[3];
+};
+constexpr CShowWord kShowWords[] = {
+    {"different-files", {&CCompareShowFlags::m_bDifferentFiles}},
+    {"identical-files", {&CCompareShowFlags::m_bIdenticalFiles}},
+    {"files-not-found", {&CCompareShowFlags::m_bFilesNotFound}},
+    {"different-dirs", {&CCompareShowFlags::m_bDifferentDirs}},
+    {"identical-dirs", {&CCompareShowFlags::m_bIdenticalDirs}},
+    {"dirs-not-found", {&CCompareShowFlags::m_bDirsNotFound}},
+    {"different", {&CCompareShowFlags::m_bDifferentFiles, &CCompareShowFlags::m_bDifferentDirs}},
+    {"identical", {&CCompareShowFlags::m_bIdenticalFiles, &CCompareShowFlags::m_bIdenticalDirs}},
+    {"not-found", {&CCompareShowFlags::m_bFilesNotFound, &CCompareShowFlags::m_bDirsNotFound}},
+    {"files",
+     {&CCompareShowFlags::m_bDifferentFiles, &CCompareShowFlags::m_bIdenticalFiles,
+      &CCompareShowFlags::m_bFilesNotFound}},
+    {"dirs",
+     {&CCompareShowFlags::m_bDifferentDirs, &CCompareShowFlags::m_bIdenticalDirs,
+      &CCompareShowFlags::m_bDirsNotFound}},
+};
+
+CCompareShowFlags ShowFlagsOf(const std::vector<std::string>& aWords) {
+    CCompareShowFlags flags;
+    if (aWords.empty()) return flags;
+    flags = {false, false, false, false, false, false};
+    for (const std::string& strWord : aWords)
+        for (const CShowWord& word : kShowWords)
+            if (strWord == word.pszWord)
+                for (bool CCompareShowFlags::*pFlag : word.aFlags)
+                    if (pFlag) flags.*pFlag = true;
+    return flags;
+}
+
+std::string ShowWordList() {
+    std::string strList;
+    for (const CShowWord& word : kShowWords)
+        strList += std::string(strList.empty() ? "" : ",") + word.pszWord;
+    return strList;
+}
+
+// JSON text of a UTF-16 string. A byte of a file name that is not UTF-8 is
+// the lone surrogate U+DC80 + byte here; it and any other lone surrogate go
+// out as the escape \udcXX, so no name is lost or changed. (A small writer
+// of its own until the program has a shared lossless one.)
+std::string JsonString(std::u16string_view str) {
+    std::string strOut = "\"";
+    for (size_t i = 0; i < str.size(); ++i) {
+        const char16_t ch = str[i];
+        const bool bHigh = ch >= 0xD800 && ch <= 0xDBFF;
+        const bool bPair =
+            bHigh && i + 1 < str.size() && str[i + 1] >= 0xDC00 && str[i + 1] <= 0xDFFF;
+        char szEscape[8];
+        if (ch == u'"' || ch == u'\\') {
+            strOut += '\\';
+            strOut += static_cast<char>(ch);
+        } else if (ch == u'\n') {
+            strOut += "\\n";
+        } else if (ch == u'\t') {
+            strOut += "\\t";
+        } else if (ch < 0x20 || (ch >= 0xD800 && ch <= 0xDFFF && !bPair)) {
+            std::snprintf(szEscape, sizeof szEscape, "\\u%04x", static_cast<unsigned>(ch));
+            strOut += szEscape;
+        } else {
+            strOut += platform::Utf16ToUtf8(str.substr(i, bPair ? 2 : 1));
+            if (bPair) ++i;
+        }
+    }
+    return strOut + "\"";
+}
+
+std::string JsonPathOrNull(const std::u16string& strPath, bool bPresent) {
+    return bPresent ? JsonString(strPath) : "null";
+}
+
+std::string FormatJson(const CCompareList& list, const CCompareShowFlags& show) {
+    std::string strOut = "{\n  \"entries\": [";
+    bool bFirst = true;
+    for (const auto& pEntry : list.m_aEntries) {
+        if (!show.Shows(*pEntry)) continue;
+        strOut += bFirst ? "\n    " : ",\n    ";
+        bFirst = false;
+        strOut += "{\"left\": " + JsonPathOrNull(pEntry->LeftPath(), pEntry->HasLeft()) +
+                  ", \"right\": " + JsonPathOrNull(pEntry->RightPath(), pEntry->HasRight()) +
+                  ", \"directory\": " + (pEntry->m_bFile ? "false" : "true") +
+                  ", \"status\": " + std::to_string(pEntry->m_nStatus) +
+                  ", \"text\": " + JsonString(GetCompareStatusText(*pEntry)) + "}";
+    }
+    return strOut + (bFirst ? "]\n}\n" : "\n  ]\n}\n");
+}
+
+// One line per entry: kind, status text, left path, right path, separated
+// by tabs; a side without a record is empty.
+std::string FormatText(const CCompareList& list, const CCompareShowFlags& show) {
+    std::string strOut;
+    for (const auto& pEntry : list.m_aEntries) {
+        if (!show.Shows(*pEntry)) continue;
+        strOut += pEntry->m_bFile ? "file\t" : "dir\t";
+        strOut += platform::Utf16ToUtf8(GetCompareStatusText(*pEntry)) + "\t";
+        strOut += platform::Utf16ToUtf8(pEntry->LeftPath()) + "\t";
+        strOut += platform::Utf16ToUtf8(pEntry->RightPath()) + "\n";
+    }
+    return strOut;
+}
+
+bool IsUnreadable(int32_t nStatus) {
+    return nStatus == CompareLeftUnreadable || nStatus == CompareRightUnreadable;
+}
+
+int ExitStatusOf(const CCompareList& list) {
+    int nStatus = 0;
+    for (const auto& pEntry : list.m_aEntries) {
+        if (IsUnreadable(pEntry->m_nStatus)) return kError;
+        if (pEntry->m_nStatus != CompareIdentical) nStatus = 1;
+    }
+    return nStatus;
+}
+
+// The program's "[DEFAULT FILE COMPARE MODE]"; "none" compares in binary.
+int DefaultMode(const CWZorvaneDoc& doc) {
+    const int nMode = doc.m_options.m_nDefaultCompareMode;
+    return nMode >= 0 && nMode <= 2 ? nMode : 2;
+}
+
+bool StartsWithDirectory(std::u16string_view strPath, std::u16string_view strDir) {
+    if (strPath.size() <= strDir.size()) return false;
+    const bool bNoCase = platform::kPathSeparator == u'\\';
+    const std::u16string_view strHead = strPath.substr(0, strDir.size());
+    const bool bSame = bNoCase ? platform::EqualsNoCase(strHead, strDir) : strHead == strDir;
+    return bSame && (strDir.ends_with(platform::kPathSeparator) ||
+                     strPath[strDir.size()] == platform::kPathSeparator);
+}
+
+// The pick dialog's refusals, in its order; empty when the pair will do.
+std::u16string RefusePair(const std::u16string& strLeft, const std::u16string& strRight) {
+    const bool bNoCase = platform::kPathSeparator == u'\\';
+    if (bNoCase ? platform::EqualsNoCase(strLeft, strRight) : strLeft == strRight)
+        return u"Directory 1 cannot equal directory 2";
+    if (StartsWithDirectory(strLeft, strRight))
+        return u"Directory 1 is contained within directory 2";
+    if (StartsWithDirectory(strRight, strLeft))
+        return u"Directory 2 is contained within directory 1";
+    return {};
+}
+
+bool WriteOutput(const std::string& strText, const std::string& strPath) {
+    if (strPath.empty()) {
+        std::fwrite(strText.data(), 1, strText.size(), stdout);
+        std::fflush(stdout);
+        return true;
+    }
+    if (platform::WriteFileContents(platform::Utf8ToUtf16(strPath), strText)) return true;
+    std::fprintf(stderr, "zorvane-cli: cannot write %s\n", strPath.c_str());
+    return false;
+}
+
+}  // namespace
+
+int RunCompareCommand(const CCompareOptions& options) {
+    CScanCommandOptions scan;
+    scan.m_strSettingsFile = options.m_strSettingsFile;
+    scan.m_aRoots = {options.m_strLeft, options.m_strRight};
+    CCommandScan command(scan);
+    if (const int nStatus = command.Prepare(); nStatus != 0) return nStatus;
+    CWZorvaneDoc& doc = command.Doc();
+    // Only the two directories are scanned, not the settings file's roots.
+    auto& aRoots = doc.m_scan.m_aRoots;
+    while (aRoots.GetSize() > 2) aRoots.DeleteAt(0);
+    const std::u16string strRefusal =
+        RefusePair(aRoots[0]->GetFullPath(), aRoots[1]->GetFullPath());
+    if (!strRefusal.empty()) {
+        command.Host().ShowMessage(strRefusal);
+        return kError;
+    }
+    command.Scan();
+    if (doc.m_bStopRequested) return kError;
+
+    CDirectoryCompare compare(doc.m_results.m_compare, DefaultMode(doc));
+    compare.Run(aRoots[0], aRoots[1], options.m_bSubdirs);
+    command.Host().ClearLine();
+    if (compare.WasStopped()) std::fprintf(stderr, "zorvane-cli: compare stopped before the end\n");
+
+    const CCompareList& list = doc.m_results.m_compare;
+    const CCompareShowFlags show = ShowFlagsOf(options.m_aShow);
+    const std::string strOut =
+        options.m_strFormat == "json" ? FormatJson(list, show) : FormatText(list, show);
+    if (!WriteOutput(strOut, options.m_strOutput) || compare.WasStopped()) return kError;
+    return ExitStatusOf(list);
+}
+
+int RunCompareFilesCommand(const CCompareFilesOptions& options) {
+    CScanCommandOptions none;
+    CCommandScan command(none);  // the console host and a main document
+    CWZorvaneDoc& doc = command.Doc();
+    if (!OpenDocumentWithSettings(doc, options.m_strSettingsFile)) return kError;
+    const std::u16string strFile1 = platform::Utf8ToUtf16(options.m_strFile1);
+    const std::u16string strFile2 = platform::Utf8ToUtf16(options.m_strFile2);
+    int nMode = options.m_bLines ? 0 : options.m_bBlanks ? 1 : DefaultMode(doc);
+
+    if (options.m_bDiff) {
+        if (nMode == 2) nMode = 0;  // a diff program always compares lines
+        platform::CStartedProcess process;
+        if (!StartDiffProgram(doc.m_options.m_diff, nMode, strFile1, strFile2, &process))
+            return kError;
+        // The desktop never waits; a command does, so that the program's
+        // output comes before the prompt and its status is the command's.
+        const int nExit = platform::WaitForProcess(process);
+        return nExit < 0 ? kError : nExit;
+    }
+    CDirEntry entry1, entry2;
+    const double dSize1 = platform::GetEntryInfo(strFile1, entry1) ? entry1.Size() : 0;
+    if (options.m_bBytes) {
+        const CFileCompareOutcome outcome = CompareTwoFilesBinary(strFile1, strFile2, dSize1);
+        command.Host().ClearLine();
+        if (!outcome.m_bOpened) {
+            command.Host().ShowMessage(outcome.m_strMessage);
+            return kError;
+        }
+        WriteOutput(platform::Utf16ToUtf8(outcome.m_strMessage) + "\n", {});
+        return outcome.m_bDifferent ? 1 : 0;
+    }
+    CPairResult result;
+    if (!platform::GetEntryInfo(strFile1, entry1))
+        result.m_nStatus = CompareLeftUnreadable;
+    else if (!platform::GetEntryInfo(strFile2, entry2))
+        result.m_nStatus = CompareRightUnreadable;
+    else if (entry1.Size() != entry2.Size())
+        result.m_nStatus = CompareFileSize;
+    else if (nMode == 2)
+        result = CompareFilesBinary(strFile1, strFile2, dSize1, nullptr);
+    else
+        result = CompareFilesByLines(strFile1, strFile2, dSize1, nullptr);
+    WriteOutput(
+        platform::Utf16ToUtf8(GetCompareStatusText(result.m_nStatus, result.m_dValue)) + "\n", {});
+    if (IsUnreadable(result.m_nStatus)) return kError;
+    return result.m_nStatus == CompareIdentical ? 0 : 1;
+}
+
+CCompareCommands::CCompareCommands(CLI::App& app) {
+    m_pCompare = app.add_subcommand(
+        "compare",
+        "Scan two directories and compare them: one line per file or directory name found on "
+        "either side, with its status. Exit status 0 all identical, 1 something differs, 2 "
+        "trouble.");
+    m_pCompare->add_option("LEFT", m_compare.m_strLeft, "Left directory")->required();
+    m_pCompare->add_option("RIGHT", m_compare.m_strRight, "Right directory")->required();
+    m_pCompare->add_flag("--subdirs", m_compare.m_bSubdirs, "Compare the subdirectories too");
+    m_pCompare
+        ->add_option("--show", m_compare.m_aShow,
+                     "Entries to list, comma-separated (default all): " + ShowWordList())
+        ->delimiter(',')
+        ->check(CLI::IsMember([] {
+            std::vector<std::string> aWords;
+            for (const CShowWord& word : kShowWords) aWords.push_back(word.pszWord);
+            return aWords;
+        }()));
+    m_pCompare
+        ->add_option("--format", m_compare.m_strFormat,
+                     "text: kind, status, left path and right path per line, tab-separated; "
+                     "json: an object with the array entries")
+        ->check(CLI::IsMember({"text", "json"}));
+    m_pCompare->add_option("-o,--output", m_compare.m_strOutput, "Write to FILE")
+        ->type_name("FILE");
+    m_pCompare
+        ->add_option("--settings", m_compare.m_strSettingsFile,
+                     "Load this settings file first: filters, options and the default compare "
+                     "mode (its directories are not scanned)")
+        ->type_name("FILE");
+
+    m_pFiles = app.add_subcommand(
+        "compare-files",
+        "Compare two files and print the status text; or start the diff program on them.");
+    m_pFiles->add_option("FILE1", m_files.m_strFile1, "First file")->required();
+    m_pFiles->add_option("FILE2", m_files.m_strFile2, "Second file")->required();
+    CLI::Option* pLines = m_pFiles->add_flag("--lines", m_files.m_bLines, "Compare line by line");
+    m_pFiles
+        ->add_flag("--blanks", m_files.m_bBlanks,
+                   "Compare line by line, ignoring leading and trailing blanks")
+        ->excludes(pLines);
+    m_pFiles->add_flag("--bytes", m_files.m_bBytes,
+                       "Find the first differing byte and print it with both byte values");
+    m_pFiles->add_flag("--diff", m_files.m_bDiff,
+                       "Start the diff program of the settings file's [DIFF PROGRAM] on the pair, "
+                       "wait for it and exit with its status");
+    m_pFiles
+        ->add_option("--settings", m_files.m_strSettingsFile,
+                     "Load this settings file: diff program and default compare mode")
+        ->type_name("FILE");
+}
+
+bool CCompareCommands::Parsed() const { return m_pCompare->parsed() || m_pFiles->parsed(); }
+
+int CCompareCommands::Run() const {
+    return m_pCompare->parsed() ? RunCompareCommand(m_compare) : RunCompareFilesCommand(m_files);
+}
+
+}  // namespace zv
