@@ -62,8 +62,11 @@ CConsoleHost::~CConsoleHost() { ClearLine(); }
 
 void CConsoleHost::PumpMessages() {
     if (!platform::TakeInterrupt()) return;
-    if (CWZorvaneDoc* pDoc = GetMainDocument(); pDoc && pDoc->m_bScanning) {
+    // A scan keeps what it found; a report (the other long work that pumps
+    // here) ends where it is.
+    if (CWZorvaneDoc* pDoc = GetMainDocument()) {
         pDoc->m_bStopRequested = 1;
+        if (!pDoc->m_bScanning) return;
         ClearLine();
         WriteErr(u"Stopping: the scan keeps what it has found so far.\n");
     }
@@ -83,7 +86,10 @@ bool CConsoleHost::AskYesNo(std::u16string_view strQuestion, bool bSafeAnswer) {
 }
 
 void CConsoleHost::SetStatusText(std::u16string_view strText) {
-    if (!strText.empty()) DrawLine(strText);
+    if (strText.empty())
+        ClearLine();
+    else
+        DrawLine(strText);
 }
 
 std::unique_ptr<IProgressView> CConsoleHost::OpenProgress(CProgressDialog&) {

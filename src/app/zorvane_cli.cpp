@@ -6,6 +6,7 @@
 #include "app/CrcCommand.h"
 #include "app/DateArgument.h"
 #include "app/ProgramServices.h"
+#include "app/ReportCommand.h"
 #include "app/ScanCommand.h"
 #include "app/SettingsCommand.h"
 #include "platform/Console.h"
@@ -61,6 +62,9 @@ int main(int argc, char** argv) {
     pCrc->add_flag("--quick", bCrcQuick,
                    "The checksum of one 4096-byte sample block from the middle of each file");
 
+    zv::CReportCommandOptions report;
+    CLI::App* pReport = zv::AddReportCommand(app, report);
+
     // Arguments as UTF-8 on every platform, so names beyond ASCII survive.
     const std::vector<std::string> aArgs = zv::platform::GetUtf8Arguments(argc, argv);
     std::vector<const char*> aArgv;
@@ -76,7 +80,8 @@ int main(int argc, char** argv) {
         return kUsageError;
     }
 
-    const bool bCommand = pScan->parsed() || pSettings->parsed() || pCrc->parsed();
+    const bool bCommand =
+        pScan->parsed() || pSettings->parsed() || pCrc->parsed() || pReport->parsed();
     if (!strSettingsFile.empty() && bCommand) {
         std::fprintf(stderr, "zorvane-cli: give either a settings file or a command\n\n%s",
                      app.help().c_str());
@@ -87,6 +92,7 @@ int main(int argc, char** argv) {
         return zv::RunScanCommand(scan);
     }
     if (pScan->parsed()) return zv::RunScanCommand(scan);
+    if (pReport->parsed()) return zv::RunReportCommand(report);
     if (pSave->parsed()) return zv::RunSettingsSaveCommand(strSaveOut, strSaveIn);
     if (pCrc->parsed()) {
         zv::platform::PrepareConsoleProcess();

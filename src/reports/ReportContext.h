@@ -1,0 +1,61 @@
+// What every writer of one report shares: the document, the stream, the
+// columns, the full path choice, and the value forms that depend on the
+// document's settings.
+#pragma once
+
+#include <string>
+#include <string_view>
+
+#include "core/document/Document.h"
+#include "core/records/RecordName.h"
+#include "reports/ReportColumns.h"
+#include "reports/RowMetadata.h"
+
+namespace zv {
+
+class CReportStream;
+
+class CReportContext {
+public:
+    CReportContext(CWZorvaneDoc& doc, CReportStream& out, bool bFullPath);
+
+    bool Flag(EPrintFlag eFlag) const { return m_doc.m_print.Flag(eFlag); }
+    bool Hex() const { return m_doc.m_options.m_bCrcHex != 0; }
+    const std::u16string& Unit() const { return m_doc.m_options.m_strSizeUnit; }
+
+    // A size without units, as rows print it.
+    std::u16string Size(double dSize) const;
+    // A size with the units word, after the suffix, as totals print it.
+    std::u16string SizeWithUnits(double dSize, std::u16string_view strSuffix = {}) const;
+    // A date, with the time of day when "Print time" is on.
+    std::u16string Date(FILETIME ftDate) const;
+
+    // The full path of a directory; the last one asked for is kept, since
+    // every file row of a block asks for its directory's.
+    const std::u16string& DirPath(const CDirectoryData& dir);
+    // The file's path: the directory path and the name.
+    std::u16string FilePath(const CFileData& file);
+
+    // Brings a directory's files and subdirectories into the document's sort.
+    void Sort(CDirectoryData& dir) const;
+    // Has the checksum workers compute a directory's file checksums in one
+    // batch before its rows ask for them one by one.
+    void PrepareRows(CDirectoryData& dir) const;
+    // Reads the metadata of a file for its row into m_row.
+    const CRowMetadata& ReadRow(CFileData& file);
+    // Whether the user asked the report to stop.
+    bool Stopped() const { return m_doc.m_bStopRequested != 0; }
+
+    CWZorvaneDoc& m_doc;
+    CReportStream& m_out;
+    const CReportColumns m_columns;
+    const bool m_bFullPath;
+    bool m_bHeaderWritten = false;  // the CSV report with "no dirs" has one header
+
+private:
+    CRowMetadata m_row;
+    const CDirectoryData* m_pPathDir = nullptr;
+    std::u16string m_strPathDir;
+};
+
+}  // namespace zv
