@@ -153,7 +153,6 @@ void WriteDirectoryBlockCsv(CReportContext& ctx, CDirectoryData& dir) {
         for (CDirectoryData* pChild : dir.m_aChildren)
             WriteDirRowCsv(ctx, *pChild, ctx.m_bFullPath, true, false, bPathColumn);
     if (bNoFiles) return StepOverFiles(dir);
-    ctx.PrepareRows(dir);
     for (CFileData* pFile : dir.m_aFiles) {
         ReportProgressStep();
         WriteFileRowCsv(ctx, *pFile, ctx.m_bFullPath, true, false, false, bPathColumn);

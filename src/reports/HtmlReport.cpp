@@ -206,7 +206,6 @@ void WriteDirectoryBlockHtml(CReportContext& ctx, CDirectoryData& dir) {
     if (bNoFiles) {
         StepOverFiles(dir);
     } else {
-        ctx.PrepareRows(dir);
         for (CFileData* pFile : dir.m_aFiles) {
             WriteFileRowHtml(ctx, *pFile, ctx.m_bFullPath, cells, true, false, false, bPathColumn);
             ReportProgressStep();

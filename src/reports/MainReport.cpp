@@ -20,6 +20,7 @@ void WriteText(CReportContext& ctx, EReportScope eScope, CDirectoryData* pDir) {
     } else if (eScope == ReportCurrentDirectory) {
         ctx.Sort(*pDir);
         ReportHeaderText(ctx, u"Current Zorvane");
+        ctx.PrepareRows(*pDir, {});
         WriteDirectoryBlockText(ctx, *pDir);
     } else {
         ReportHeaderText(ctx, u"Current Zorvane");
@@ -35,6 +36,7 @@ void WriteCsv(CReportContext& ctx, EReportScope eScope, CDirectoryData* pDir) {
     } else if (eScope == ReportCurrentDirectory) {
         ReportHeaderCsv(ctx, u"Current Directory Data");
         ctx.Sort(*pDir);
+        ctx.PrepareRows(*pDir, {});
         WriteDirectoryBlockCsv(ctx, *pDir);
     } else {
         ReportHeaderCsv(ctx, u"Current Directory Data");
@@ -53,6 +55,7 @@ void WriteHtml(CReportContext& ctx, EReportScope eScope, CDirectoryData* pDir) {
         if (bOneTable) out << "</table>\n";
     } else if (eScope == ReportCurrentDirectory) {
         ctx.Sort(*pDir);
+        ctx.PrepareRows(*pDir, {});
         WriteDirectoryBlockHtml(ctx, *pDir);
     } else {
         // The filters block stands a second time in this report.
@@ -73,6 +76,7 @@ void WriteXml(CReportContext& ctx, EReportScope eScope, CDirectoryData* pDir) {
     } else if (eScope == ReportCurrentDirectory) {
         ReportHeaderXml(ctx, u"Current Directory Data");
         ctx.Sort(*pDir);
+        ctx.PrepareRows(*pDir, {});
         WriteDirectoryBlockXml(ctx, *pDir);
     } else {
         ReportHeaderXml(ctx, u"Current Directory Data");
@@ -98,6 +102,16 @@ bool WriteMainReport(CWZorvaneDoc& doc, CReportStream& out, EPrintType eForm, ER
     // each directory block.
     for (CRootDirectoryData* pRoot : doc.m_scan.m_aRoots) pRoot->RecomputeTotals();
     CReportContext ctx(doc, out, bFullPath);
+    // A directory's checksum over its subdirectories reads every file
+    // below it: the first block of a tree would ask for them directory by
+    // directory, so they are computed here in large batches instead.
+    const bool bDirRows = !ctx.Flag(PrintNoDirs) || eForm == PrintTypeXml;
+    if (ctx.Flag(PrintCrcSubdirs) && bDirRows) {
+        if (eScope == ReportAllDirectories)
+            for (CRootDirectoryData* pRoot : doc.m_scan.m_aRoots) ctx.PrepareSubtreeCrcs(*pRoot);
+        else
+            ctx.PrepareSubtreeCrcs(*pCurrent);
+    }
     ReportProgressBegin(FilesToWrite(doc, eScope, pCurrent), u"Files");
     switch (eForm) {
         case PrintTypeText:

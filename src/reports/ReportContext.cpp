@@ -41,9 +41,61 @@ void CReportContext::Sort(CDirectoryData& dir) const {
     SortChildren(dir, m_doc.m_options.m_nDirSort);
 }
 
-void CReportContext::PrepareRows(CDirectoryData& dir) const {
-    if (Flag(PrintCrc) && !Flag(PrintNoFiles) && !dir.m_aFiles.IsEmpty())
-        RecordServices().ComputeCrcs(dir.m_aFiles.Items());
+namespace {
+
+constexpr size_t kCrcBatchFiles = 192;
+constexpr size_t kCrcLookAheadDirs = 512;
+
+bool NeedsCrc(const CFileData& file) { return !(file.m_uFlags & FILE_CRC_VALID); }
+
+}  // namespace
+
+void CReportContext::PrepareRows(CDirectoryData& dir,
+                                 const std::vector<CDirectoryData*>& aPending) {
+    if (!Flag(PrintCrc) || Flag(PrintNoFiles) || dir.m_aFiles.IsEmpty() ||
+        !NeedsCrc(*dir.m_aFiles[0]))
+        return;
+    std::vector<CFileData*> aBatch;
+    size_t nDirs = 0;
+    const auto Full = [&] { return aBatch.size() >= kCrcBatchFiles || nDirs >= kCrcLookAheadDirs; };
+    const auto AddFiles = [&](CDirectoryData& d) {
+        for (CFileData* pFile : d.m_aFiles)
+            if (NeedsCrc(*pFile)) aBatch.push_back(pFile);
+    };
+    // The walk's own order: each subtree sorted and in preorder.
+    const auto Visit = [&](CDirectoryData* pStart) {
+        std::vector<CDirectoryData*> aStack{pStart};
+        while (!aStack.empty() && !Full()) {
+            CDirectoryData& d = *aStack.back();
+            aStack.pop_back();
+            Sort(d);
+            AddFiles(d);
+            ++nDirs;
+            for (size_t i = d.m_aChildren.GetSize(); i-- > 0;) aStack.push_back(d.m_aChildren[i]);
+        }
+    };
+    AddFiles(dir);
+    for (size_t i = 0; i < dir.m_aChildren.GetSize() && !Full(); ++i) Visit(dir.m_aChildren[i]);
+    for (size_t i = aPending.size(); i-- > 0 && !Full();) Visit(aPending[i]);
+    RecordServices().ComputeCrcs(aBatch);
+}
+
+void CReportContext::PrepareSubtreeCrcs(CDirectoryData& top) {
+    constexpr size_t kBatch = 4096;
+    std::vector<CFileData*> aBatch;
+    std::vector<CDirectoryData*> aStack{&top};
+    while (!aStack.empty()) {
+        CDirectoryData& d = *aStack.back();
+        aStack.pop_back();
+        for (CFileData* pFile : d.m_aFiles)
+            if (NeedsCrc(*pFile)) aBatch.push_back(pFile);
+        if (aBatch.size() >= kBatch) {
+            RecordServices().ComputeCrcs(aBatch);
+            aBatch.clear();
+        }
+        for (CDirectoryData* pChild : d.m_aChildren) aStack.push_back(pChild);
+    }
+    RecordServices().ComputeCrcs(aBatch);
 }
 
 const CRowMetadata& CReportContext::ReadRow(CFileData& file) {

@@ -5,6 +5,7 @@
 
 #include <string>
 #include <string_view>
+#include <vector>
 
 #include "core/document/Document.h"
 #include "core/records/RecordName.h"
@@ -38,9 +39,14 @@ public:
 
     // Brings a directory's files and subdirectories into the document's sort.
     void Sort(CDirectoryData& dir) const;
-    // Has the checksum workers compute a directory's file checksums in one
-    // batch before its rows ask for them one by one.
-    void PrepareRows(CDirectoryData& dir) const;
+    // With the CRC column on, has the checksum workers compute the
+    // checksums of the directory's files, and of the files of the
+    // directories written next (aPending, last first, and the directory's
+    // own subdirectories), in batches ahead of the rows that print them.
+    void PrepareRows(CDirectoryData& dir, const std::vector<CDirectoryData*>& aPending);
+    // With directory checksums over subdirectories in the report, the
+    // checksums of every file below top, in large batches.
+    void PrepareSubtreeCrcs(CDirectoryData& top);
     // Reads the metadata of a file for its row into m_row.
     const CRowMetadata& ReadRow(CFileData& file);
     // Whether the user asked the report to stop.

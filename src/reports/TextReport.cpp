@@ -142,7 +142,6 @@ void WriteDirectoryBlockText(CReportContext& ctx, CDirectoryData& dir) {
             WriteDirRowText(ctx, *pChild, ctx.m_bFullPath, true, false);
     }
     if (ctx.Flag(PrintNoFiles)) return StepOverFiles(dir);
-    ctx.PrepareRows(dir);
     for (CFileData* pFile : dir.m_aFiles) {
         ReportProgressStep();
         WriteFileRowText(ctx, *pFile, false, ctx.m_bFullPath, ctx.Flag(PrintDuplicateGroup));

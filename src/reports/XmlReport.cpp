@@ -119,7 +119,6 @@ void WriteDirectoryBlockXml(CReportContext& ctx, CDirectoryData& dir) {
     if (!ctx.Flag(PrintNoDirs))
         for (CDirectoryData* pChild : dir.m_aChildren) WriteDirXml(ctx, *pChild, false);
     if (bNoFiles) return StepOverFiles(dir);
-    ctx.PrepareRows(dir);
     const bool bPathAttribute = ctx.Flag(PrintNameSeparateColumn) && ctx.m_bFullPath;
     for (CFileData* pFile : dir.m_aFiles) {
         WriteFileXml(ctx, *pFile, false, bPathAttribute);
