@@ -52,9 +52,17 @@ bool NeedsCrc(const CFileData& file) { return !(file.m_uFlags & FILE_CRC_VALID);
 
 void CReportContext::PrepareRows(CDirectoryData& dir,
                                  const std::vector<CDirectoryData*>& aPending) {
-    if (!Flag(PrintCrc) || Flag(PrintNoFiles) || dir.m_aFiles.IsEmpty() ||
-        !NeedsCrc(*dir.m_aFiles[0]))
+    // File rows print file checksums; directory rows and totals print the
+    // checksums of a directory's files folded.
+    if (!Flag(PrintCrc) || (Flag(PrintNoFiles) && Flag(PrintNoDirs) && !Flag(PrintDirTotals)))
         return;
+    const auto FirstNeedsCrc = [](const CDirectoryData& d) {
+        return !d.m_aFiles.IsEmpty() && NeedsCrc(*d.m_aFiles[0]);
+    };
+    bool bNeeded = FirstNeedsCrc(dir);
+    for (size_t i = 0; !bNeeded && !Flag(PrintNoDirs) && i < dir.m_aChildren.GetSize(); ++i)
+        bNeeded = FirstNeedsCrc(*dir.m_aChildren[i]);
+    if (!bNeeded) return;
     std::vector<CFileData*> aBatch;
     size_t nDirs = 0;
     const auto Full = [&] { return aBatch.size() >= kCrcBatchFiles || nDirs >= kCrcLookAheadDirs; };
