@@ -60,7 +60,7 @@ void WriteFileRowCsv(CReportContext& ctx, CFileData& file, bool bFullPath, bool 
     if (bGroupColumn && ctx.Flag(PrintDuplicateGroup))
         CsvAppend(strLine, DecimalText(file.m_nDuplicateGroup));
     if (ctx.Flag(PrintSize)) CsvAppend(strLine, ctx.Size(file.m_dSize));
-    if (ctx.Flag(PrintSizeOnDisk)) CsvAppend(strLine, ctx.Size(file.GetSizeOnDisk()));
+    if (ctx.Flag(PrintSizeOnDisk)) CsvAppend(strLine, ctx.Size(ctx.SizeOnDisk(file)));
     if (ctx.Flag(PrintSizeActual)) CsvAppend(strLine, ctx.Size(file.GetActualSize()));
     if (bSubdirColumns && ctx.Flag(PrintSizeSubdirs)) CsvAppend(strLine, u"");
     if (bSubdirColumns && ctx.Flag(PrintSizeActualSubdirs)) CsvAppend(strLine, u"");
@@ -73,7 +73,7 @@ void WriteFileRowCsv(CReportContext& ctx, CFileData& file, bool bFullPath, bool 
                   bCrcExcludingTags ? file.GetMp3CrcText(ctx.Hex()) : file.GetCrcText(ctx.Hex()));
     if (ctx.Flag(PrintCrcSubdirs)) CsvAppend(strLine, u"");
     if (ctx.Flag(PrintOwner)) CsvAppend(strLine, file.GetOwner());
-    if (ctx.Flag(PrintLinkCount)) CsvAppend(strLine, DecimalText(file.GetLinkCount()));
+    if (ctx.Flag(PrintLinkCount)) CsvAppend(strLine, DecimalText(ctx.LinkCount(file)));
     if (ctx.m_columns.AnyMetadata())
         ForEachMetadataCell(ctx.ReadRow(file), ctx.m_columns, false,
                             [&](std::u16string_view strValue) { CsvAppend(strLine, strValue); });

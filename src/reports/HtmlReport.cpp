@@ -104,7 +104,7 @@ void WriteFileRowHtml(CReportContext& ctx, CFileData& file, bool bFullPath, cons
     if (bGroupColumn) Cell(out, cells.m_strRight, DecimalText(file.m_nDuplicateGroup));
     const std::u16string& right = cells.m_strRight;
     if (ctx.Flag(PrintSize)) Cell(out, right, ctx.Size(file.m_dSize));
-    if (ctx.Flag(PrintSizeOnDisk)) Cell(out, right, ctx.Size(file.GetSizeOnDisk()));
+    if (ctx.Flag(PrintSizeOnDisk)) Cell(out, right, ctx.Size(ctx.SizeOnDisk(file)));
     if (ctx.Flag(PrintSizeActual)) Cell(out, right, ctx.Size(file.GetActualSize()));
     if (bSubdirColumns && ctx.Flag(PrintSizeSubdirs)) EmptyCell(out, right);
     if (bSubdirColumns && ctx.Flag(PrintSizeActualSubdirs)) EmptyCell(out, right);
@@ -117,7 +117,7 @@ void WriteFileRowHtml(CReportContext& ctx, CFileData& file, bool bFullPath, cons
              bCrcExcludingTags ? file.GetMp3CrcText(ctx.Hex()) : file.GetCrcText(ctx.Hex()));
     if (ctx.Flag(PrintCrcSubdirs)) EmptyCell(out, right);
     if (ctx.Flag(PrintOwner)) Cell(out, right, HtmlEscape(file.GetOwner()));
-    if (ctx.Flag(PrintLinkCount)) Cell(out, right, DecimalText(file.GetLinkCount()));
+    if (ctx.Flag(PrintLinkCount)) Cell(out, right, DecimalText(ctx.LinkCount(file)));
     if (ctx.m_columns.AnyMetadata())
         ForEachMetadataCell(ctx.ReadRow(file), ctx.m_columns, true,
                             [&](std::u16string_view strValue) {

@@ -36,6 +36,16 @@ std::u16string CReportContext::FilePath(const CFileData& file) {
     return JoinPath(DirPath(*file.m_pDirectory), file.m_strName);
 }
 
+const platform::CFileDiskInfo& CReportContext::DiskInfo(CFileData& file) {
+    if (m_pInfoFile != &file) {
+        m_pInfoFile = &file;
+        const bool bWantOwner = !(file.m_uFlags & FILE_OWNER_VALID) && !file.IsStream();
+        platform::GetFileDiskInfo(FilePath(file), bWantOwner, m_info);
+        if (bWantOwner && m_info.bOwnerKnown) file.SetOwner(m_info.strOwner);
+    }
+    return m_info;
+}
+
 void CReportContext::Sort(CDirectoryData& dir) const {
     SortFiles(dir, m_doc.m_options.m_nFileSort);
     SortChildren(dir, m_doc.m_options.m_nDirSort);

@@ -9,6 +9,7 @@
 
 #include "core/document/Document.h"
 #include "core/records/RecordName.h"
+#include "platform/FileSystem.h"
 #include "reports/ReportColumns.h"
 #include "reports/RowMetadata.h"
 
@@ -37,6 +38,11 @@ public:
     // The file's path: the directory path and the name.
     std::u16string FilePath(const CFileData& file);
 
+    // Size on disk and link count of a file, read once for its row with
+    // its owner, which the record keeps.
+    double SizeOnDisk(CFileData& file) { return DiskInfo(file).dSizeOnDisk; }
+    uint32_t LinkCount(CFileData& file) { return DiskInfo(file).uLinkCount; }
+
     // Brings a directory's files and subdirectories into the document's sort.
     void Sort(CDirectoryData& dir) const;
     // With the CRC column on, has the checksum workers compute the
@@ -59,7 +65,11 @@ public:
     bool m_bHeaderWritten = false;  // the CSV report with "no dirs" has one header
 
 private:
+    const platform::CFileDiskInfo& DiskInfo(CFileData& file);
+
     CRowMetadata m_row;
+    const CFileData* m_pInfoFile = nullptr;
+    platform::CFileDiskInfo m_info;
     const CDirectoryData* m_pPathDir = nullptr;
     std::u16string m_strPathDir;
 };

@@ -67,7 +67,7 @@ void WriteFileRowText(CReportContext& ctx, CFileData& file, bool bCrcExcludingTa
     bool bAny = false;
     const auto Line = [&](EPrintFlag eFlag) { return ctx.Flag(eFlag) && (bAny = true); };
     if (Line(PrintSize)) WriteSizeLine(ctx, "Size: ", file.m_dSize);
-    if (Line(PrintSizeOnDisk)) WriteSizeLine(ctx, "Size On Disk: ", file.GetSizeOnDisk());
+    if (Line(PrintSizeOnDisk)) WriteSizeLine(ctx, "Size On Disk: ", ctx.SizeOnDisk(file));
     if (Line(PrintSizeActual)) WriteSizeLine(ctx, "Actual Size: ", file.GetActualSize());
     if (Line(PrintCreated)) out << "Create date: " << ctx.Date(file.m_ftCreated) << "\n";
     if (Line(PrintAccessed)) out << "Access date: " << ctx.Date(file.m_ftAccessed) << "\n";
@@ -79,7 +79,7 @@ void WriteFileRowText(CReportContext& ctx, CFileData& file, bool bCrcExcludingTa
             << (bCrcExcludingTags ? file.GetMp3CrcText(ctx.Hex()) : file.GetCrcText(ctx.Hex()))
             << "\n";
     if (Line(PrintOwner)) out << "Owner: " << file.GetOwner() << "\n";
-    if (Line(PrintLinkCount)) out << "Link Count: " << DecimalText(file.GetLinkCount()) << "\n";
+    if (Line(PrintLinkCount)) out << "Link Count: " << DecimalText(ctx.LinkCount(file)) << "\n";
     if (ctx.m_columns.AnyMetadata()) {
         const CRowMetadata& row = ctx.ReadRow(file);
         if (row.m_bHasVersion) bAny |= WriteMetadataLines(ctx, row.m_aVersion, row, true);

@@ -34,7 +34,7 @@ void WriteFileXml(CReportContext& ctx, CFileData& file, bool bGroup, bool bPathA
     if (bGroup) Attribute(out, "DuplicateGroup", DecimalText(file.m_nDuplicateGroup));
     if (ctx.Flag(PrintSize)) Attribute(out, "size", FormatXmlSize(ctx.m_doc, file.m_dSize));
     if (ctx.Flag(PrintSizeOnDisk))
-        Attribute(out, "size_on_disk", FormatXmlSize(ctx.m_doc, file.GetSizeOnDisk()));
+        Attribute(out, "size_on_disk", FormatXmlSize(ctx.m_doc, ctx.SizeOnDisk(file)));
     if (ctx.Flag(PrintSizeActual))
         Attribute(out, "size_actual", FormatXmlSize(ctx.m_doc, file.GetActualSize()));
     if (ctx.Flag(PrintSize) || ctx.Flag(PrintSizeOnDisk) || ctx.Flag(PrintSizeActual))
@@ -46,7 +46,7 @@ void WriteFileXml(CReportContext& ctx, CFileData& file, bool bGroup, bool bPathA
         Attribute(out, "attributes", FormatAttributes(file.m_uAttributes));
     if (ctx.Flag(PrintCrc)) Attribute(out, "crc", file.GetCrcText(ctx.Hex()));
     if (ctx.Flag(PrintOwner)) Attribute(out, "owner", XmlEscape(file.GetOwner()));
-    if (ctx.Flag(PrintLinkCount)) Attribute(out, "LinkCount", DecimalText(file.GetLinkCount()));
+    if (ctx.Flag(PrintLinkCount)) Attribute(out, "LinkCount", DecimalText(ctx.LinkCount(file)));
     if (ctx.m_columns.AnyMetadata()) {
         const CRowMetadata& row = ctx.ReadRow(file);
         if (row.m_bHasVersion) MetadataAttributes(ctx, row, MetaVersion);

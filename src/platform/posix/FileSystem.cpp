@@ -487,8 +487,8 @@ std::u16string OwnerNameOfUid(uid_t uid) {
             aBuffer.resize(aBuffer.size() * 2);
             continue;
         }
-        strName = Utf8ToUtf16(nError == 0 && pFound ? std::string(pFound->pw_name)
-                                                    : std::to_string(uid));
+        strName =
+            Utf8ToUtf16(nError == 0 && pFound ? std::string(pFound->pw_name) : std::to_string(uid));
         break;
     }
     s_mapNames.emplace(uid, strName);
@@ -502,6 +502,21 @@ bool LookupOwnerName(std::u16string_view path, std::u16string& strOwner) {
     if (lstat(Utf16ToUtf8(path).c_str(), &st) != 0) return false;
     strOwner = OwnerNameOfUid(st.st_uid);
     return true;
+}
+
+void GetFileDiskInfo(std::u16string_view path, bool bWantOwner, CFileDiskInfo& info) {
+    info = CFileDiskInfo{};
+    const std::string strPath = Utf16ToUtf8(path);
+    // The owner is the link's own; size and links are of what it names.
+    struct stat st;
+    if (lstat(strPath.c_str(), &st) != 0) return;
+    if (bWantOwner) {
+        info.bOwnerKnown = true;
+        info.strOwner = OwnerNameOfUid(st.st_uid);
+    }
+    if (S_ISLNK(st.st_mode) && stat(strPath.c_str(), &st) != 0) return;
+    info.dSizeOnDisk = double(st.st_blocks) * 512.0;
+    info.uLinkCount = uint32_t(st.st_nlink);
 }
 
 std::u16string GetDriveOfPath(std::u16string_view path) {
