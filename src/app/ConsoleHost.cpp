@@ -72,13 +72,18 @@ CConsoleHost::~CConsoleHost() { ClearLine(); }
 void CConsoleHost::PumpMessages() {
     if (!platform::TakeInterrupt()) return;
     m_bInterrupted = true;
-    if (CWZorvaneDoc* pDoc = GetMainDocument(); pDoc && pDoc->m_bScanning) {
+    CWZorvaneDoc* pDoc = GetMainDocument();
+    if (pDoc && pDoc->m_bScanning) {
+        // A scan keeps what it found.
         pDoc->m_bStopRequested = 1;
         ClearLine();
         WriteErr(u"Stopping: the scan keeps what it has found so far.\n");
-    } else if (m_pStoppable) {
-        m_pStoppable->OnCancel();
+        return;
     }
+    // Other long work ends where it is: a report watches the document's stop
+    // request, a search or compare the Cancel of its progress dialog.
+    if (pDoc) pDoc->m_bStopRequested = 1;
+    if (m_pStoppable) m_pStoppable->OnCancel();
 }
 
 void CConsoleHost::ShowMessage(std::u16string_view strMessage) {
@@ -95,7 +100,10 @@ bool CConsoleHost::AskYesNo(std::u16string_view strQuestion, bool bSafeAnswer) {
 }
 
 void CConsoleHost::SetStatusText(std::u16string_view strText) {
-    if (!strText.empty()) DrawLine(strText);
+    if (strText.empty())
+        ClearLine();
+    else
+        DrawLine(strText);
 }
 
 std::unique_ptr<IProgressView> CConsoleHost::OpenProgress(CProgressDialog& dialog) {

@@ -11,6 +11,7 @@
 #include "app/DupsCommand.h"
 #include "app/ExitStatus.h"
 #include "app/ProgramServices.h"
+#include "app/ReportCommand.h"
 #include "app/ScanCommand.h"
 #include "app/SettingsCommand.h"
 #include "platform/Console.h"
@@ -75,6 +76,8 @@ int main(int argc, char** argv) {
     pMeta->add_flag("--json", bMetaJson, "An array of {path, fields} objects");
     zv::CDupsCommands dups(app);
     const zv::CCompareCommands compare(app);
+    zv::CReportCommandOptions report;
+    CLI::App* pReport = zv::AddReportCommand(app, report);
 
     // Arguments as UTF-8 on every platform, so names beyond ASCII survive.
     const std::vector<std::string> aArgs = zv::platform::GetUtf8Arguments(argc, argv);
@@ -93,7 +96,7 @@ int main(int argc, char** argv) {
 
     const bool bCommand = pScan->parsed() || pSettings->parsed() || pCrc->parsed() ||
                           pLargest->parsed() || pMeta->parsed() || dups.Parsed() ||
-                          compare.Parsed();
+                          compare.Parsed() || pReport->parsed();
     if (!strSettingsFile.empty() && bCommand) {
         std::fprintf(stderr, "zorvane-cli: give either a settings file or a command\n\n%s",
                      app.help().c_str());
@@ -107,6 +110,7 @@ int main(int argc, char** argv) {
     if (pScan->parsed()) return zv::RunScanCommand(scan);
     if (pLargest->parsed()) return zv::RunLargestCommand(largest);
     if (dups.Parsed()) return dups.Run();
+    if (pReport->parsed()) return zv::RunReportCommand(report);
     if (pSave->parsed()) return zv::RunSettingsSaveCommand(strSaveOut, strSaveIn);
     if (pCrc->parsed()) {
         zv::platform::PrepareConsoleProcess();

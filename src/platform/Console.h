@@ -15,6 +15,9 @@ std::vector<std::string> GetUtf8Arguments(int argc, char** argv);
 // trees are walked with one open handle per level.
 void PrepareConsoleProcess();
 
+// Standard output as bytes: no line-end translation on Windows.
+void SetStdoutBinary();
+
 bool IsStderrTerminal();
 // Columns of the terminal on stderr; 80 when it cannot be told.
 int TerminalWidth();

@@ -154,6 +154,17 @@ double GetSizeOnDisk(std::u16string_view path);
 // Number of hard links to the file; 0 on failure.
 uint32_t GetLinkCount(std::u16string_view path);
 
+// Size on disk, link count and (with bWantOwner) owner of a file at once,
+// from one look-up where the platform allows: a report row needs all three.
+// Each stays 0 or empty, and bOwnerKnown false, when it cannot be read.
+struct CFileDiskInfo {
+    double dSizeOnDisk = 0;
+    uint32_t uLinkCount = 0;
+    bool bOwnerKnown = false;
+    std::u16string strOwner;
+};
+void GetFileDiskInfo(std::u16string_view path, bool bWantOwner, CFileDiskInfo& info);
+
 // Owner of a file: the account name without its domain on Windows, the user
 // name on POSIX (the numeric uid where no name is known). False when it cannot be told.
 bool LookupOwnerName(std::u16string_view path, std::u16string& strOwner);

@@ -28,6 +28,8 @@ void PrepareConsoleProcess() {
     }
 }
 
+void SetStdoutBinary() {}
+
 bool IsStderrTerminal() { return isatty(STDERR_FILENO) == 1; }
 
 int TerminalWidth() {

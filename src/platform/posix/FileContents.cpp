@@ -22,3 +22,15 @@ bool WriteFileContents(std::u16string_view path, std::string_view bytes) {
 }
 
 }  // namespace zv::platform
+
+#include <cstring>
+
+namespace zv::platform {
+
+std::FILE* OpenFileForWriting(std::u16string_view path, std::string& strError) {
+    std::FILE* pFile = std::fopen(Utf16ToUtf8(path).c_str(), "wbe");
+    if (!pFile) strError = std::strerror(errno);
+    return pFile;
+}
+
+}  // namespace zv::platform

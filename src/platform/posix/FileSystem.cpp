@@ -19,8 +19,10 @@
 #include <climits>
 #include <cstdlib>
 #include <fstream>
+#include <mutex>
 #include <optional>
 #include <string>
+#include <unordered_map>
 #include <vector>
 
 #include "platform/Text.h"
@@ -492,34 +494,62 @@ double GetSizeOnDisk(std::u16string_view path) {
 }
 
 uint32_t GetLinkCount(std::u16string_view path) {
-    const int nFd = OpenForReading(Utf16ToUtf8(path));
-    if (nFd < 0) return 0;
     struct stat st;
-    const bool bOk = fstat(nFd, &st) == 0;
-    close(nFd);
-    return bOk ? uint32_t(st.st_nlink) : 0;
+    if (stat(Utf16ToUtf8(path).c_str(), &st) != 0) return 0;
+    return uint32_t(st.st_nlink);
 }
 
-bool LookupOwnerName(std::u16string_view path, std::u16string& strOwner) {
-    struct stat st;
-    if (lstat(Utf16ToUtf8(path).c_str(), &st) != 0) return false;
+namespace {
+
+// The account database is read afresh on every lookup (a whole
+// /etc/passwd for the files service), and a tree has few owners: names are
+// kept per uid for the life of the process.
+std::u16string OwnerNameOfUid(uid_t uid) {
+    static std::mutex s_mutex;
+    static std::unordered_map<uid_t, std::u16string> s_mapNames;
+    std::lock_guard<std::mutex> lock(s_mutex);
+    if (const auto it = s_mapNames.find(uid); it != s_mapNames.end()) return it->second;
     const long nSuggested = sysconf(_SC_GETPW_R_SIZE_MAX);
     std::vector<char> aBuffer(nSuggested > 0 ? size_t(nSuggested) : 1024);
+    std::u16string strName;
     for (;;) {
         passwd pw;
         passwd* pFound = nullptr;
-        const int nError = getpwuid_r(st.st_uid, &pw, aBuffer.data(), aBuffer.size(), &pFound);
+        const int nError = getpwuid_r(uid, &pw, aBuffer.data(), aBuffer.size(), &pFound);
         if (nError == ERANGE && aBuffer.size() < (1u << 20)) {
             aBuffer.resize(aBuffer.size() * 2);
             continue;
         }
-        if (nError == 0 && pFound) {
-            strOwner = Utf8ToUtf16(pFound->pw_name);
-        } else {
-            strOwner = Utf8ToUtf16(std::to_string(st.st_uid));
-        }
-        return true;
+        strName =
+            Utf8ToUtf16(nError == 0 && pFound ? std::string(pFound->pw_name) : std::to_string(uid));
+        break;
     }
+    s_mapNames.emplace(uid, strName);
+    return strName;
+}
+
+}  // namespace
+
+bool LookupOwnerName(std::u16string_view path, std::u16string& strOwner) {
+    struct stat st;
+    if (lstat(Utf16ToUtf8(path).c_str(), &st) != 0) return false;
+    strOwner = OwnerNameOfUid(st.st_uid);
+    return true;
+}
+
+void GetFileDiskInfo(std::u16string_view path, bool bWantOwner, CFileDiskInfo& info) {
+    info = CFileDiskInfo{};
+    const std::string strPath = Utf16ToUtf8(path);
+    // The owner is the link's own; size and links are of what it names.
+    struct stat st;
+    if (lstat(strPath.c_str(), &st) != 0) return;
+    if (bWantOwner) {
+        info.bOwnerKnown = true;
+        info.strOwner = OwnerNameOfUid(st.st_uid);
+    }
+    if (S_ISLNK(st.st_mode) && stat(strPath.c_str(), &st) != 0) return;
+    info.dSizeOnDisk = double(st.st_blocks) * 512.0;
+    info.uLinkCount = uint32_t(st.st_nlink);
 }
 
 std::u16string GetDriveOfPath(std::u16string_view path) {

@@ -7,3 +7,13 @@ namespace zv::platform {
 char16_t GetThousandsSeparator() { return u','; }
 
 }  // namespace zv::platform
+
+#include "platform/DateLocale.h"
+
+namespace zv::platform {
+
+bool ReadDateLocale(CDateLocale&) { return false; }
+
+bool FormatDateSerial(const SYSTEMTIME&, std::u16string&) { return false; }
+
+}  // namespace zv::platform

@@ -6,6 +6,7 @@
 // windows.h first: the other two need it.
 #include <windows.h>
 // clang-format off
+#include <fcntl.h>
 #include <io.h>
 #include <shellapi.h>
 // clang-format on
@@ -36,6 +37,8 @@ std::vector<std::string> GetUtf8Arguments(int argc, char** argv) {
 }
 
 void PrepareConsoleProcess() { ::SetConsoleOutputCP(CP_UTF8); }
+
+void SetStdoutBinary() { _setmode(_fileno(stdout), _O_BINARY); }
 
 bool IsStderrTerminal() { return _isatty(_fileno(stderr)) != 0; }
 

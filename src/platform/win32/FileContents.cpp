@@ -21,3 +21,16 @@ bool WriteFileContents(std::u16string_view path, std::string_view bytes) {
 }
 
 }  // namespace zv::platform
+
+#include <cerrno>
+#include <cstring>
+
+namespace zv::platform {
+
+std::FILE* OpenFileForWriting(std::u16string_view path, std::string& strError) {
+    std::FILE* pFile = ::_wfopen(ToWide(path).c_str(), L"wb");
+    if (!pFile) strError = std::strerror(errno);
+    return pFile;
+}
+
+}  // namespace zv::platform

@@ -375,6 +375,13 @@ uint32_t GetLinkCount(std::u16string_view path) {
     return info.nNumberOfLinks;
 }
 
+void GetFileDiskInfo(std::u16string_view path, bool bWantOwner, CFileDiskInfo& info) {
+    info = CFileDiskInfo{};
+    info.dSizeOnDisk = GetSizeOnDisk(path);
+    info.uLinkCount = GetLinkCount(path);
+    if (bWantOwner) info.bOwnerKnown = LookupOwnerName(path, info.strOwner);
+}
+
 bool LookupOwnerName(std::u16string_view path, std::u16string& strOwner) {
     const std::wstring strPath = ToApiPath(path);
     DWORD dwNeeded = 0;

@@ -1,0 +1,173 @@
+#include "app/ReportCommand.h"
+
+#include <CLI/CLI.hpp>
+#include <cstdio>
+#include <cstring>
+#include <map>
+
+#include "app/CommandScan.h"
+#include "platform/Console.h"
+#include "platform/FileContents.h"
+#include "platform/FileSystem.h"
+#include "platform/Text.h"
+#include "reports/MainReport.h"
+#include "reports/ReportColumns.h"
+#include "reports/ReportStream.h"
+
+namespace zv {
+namespace {
+
+constexpr int kWriteFailed = 1;
+constexpr int kUsageError = 2;
+constexpr int kInterrupted = 130;
+
+// Standard output or a file, with every write, the flush and the close
+// checked: a full disk must not leave a cut report that looks whole.
+class CCheckedFileSink : public IReportSink {
+public:
+    CCheckedFileSink(std::FILE* pFile, std::string strName, bool bOwned)
+        : m_pFile(pFile), m_strName(std::move(strName)), m_bOwned(bOwned) {}
+    ~CCheckedFileSink() override {
+        if (m_bOwned && m_pFile) std::fclose(m_pFile);
+    }
+
+    bool Write(const char* pData, size_t nSize) override {
+        return Check(std::fwrite(pData, 1, nSize, m_pFile) == nSize);
+    }
+    bool Flush() override { return Check(std::fflush(m_pFile) == 0); }
+    bool Close() {
+        if (!m_bOwned) return true;
+        std::FILE* pFile = m_pFile;
+        m_pFile = nullptr;
+        return Check(std::fclose(pFile) == 0);
+    }
+    // The message of the first failure.
+    const std::string& Error() const { return m_strError; }
+
+private:
+    bool Check(bool bOk) {
+        if (!bOk && m_strError.empty())
+            m_strError =
+                "zorvane-cli report: cannot write " + m_strName + ": " + std::strerror(errno);
+        return bOk;
+    }
+
+    std::FILE* m_pFile;
+    std::string m_strName;
+    bool m_bOwned;
+    std::string m_strError;
+};
+
+std::u16string WithoutTrailingSeparator(std::u16string strPath) {
+    while (strPath.size() > 1 && (strPath.back() == u'/' || strPath.back() == u'\\') &&
+           strPath[strPath.size() - 2] != u':')
+        strPath.pop_back();
+    return strPath;
+}
+
+// The scanned directory with this path, or null.
+CDirectoryData* FindDirectory(CWZorvaneDoc& doc, const std::string& strPath) {
+    const std::u16string strWanted =
+        WithoutTrailingSeparator(platform::GetFullPathName(platform::Utf8ToUtf16(strPath)));
+    CDirectoryData* pNoCase = nullptr;
+    for (CDirectoryData* pDir : doc.m_scan.m_aAllDirs) {
+        const std::u16string strDir = WithoutTrailingSeparator(pDir->GetFullPath());
+        if (strDir == strWanted) return pDir;
+        if (!pNoCase && platform::EqualsNoCase(strDir, strWanted)) pNoCase = pDir;
+    }
+    return pNoCase;
+}
+
+}  // namespace
+
+CLI::App* AddReportCommand(CLI::App& app, CReportCommandOptions& options) {
+    CLI::App* pReport = app.add_subcommand(
+        "report",
+        "Scan, then write the main report: every directory with its files, or the current "
+        "directory. Print flags and the size unit come from the settings file.");
+    AddScanOptions(*pReport, options.m_scan);
+    pReport->add_option("--format", options.m_strFormat, "text (default), csv, html or xml")
+        ->check(CLI::IsMember({"text", "csv", "html", "xml"}));
+    pReport->add_option("-o,--output", options.m_strOutput, "Write to FILE instead of stdout")
+        ->type_name("FILE");
+    CLI::Option* pCurrent =
+        pReport
+            ->add_option("--current", options.m_strCurrent,
+                         "Report only this scanned directory (the current directory)")
+            ->type_name("DIR");
+    pReport
+        ->add_flag("--with-subdirs", options.m_bWithSubdirs,
+                   "With --current: the directory and its subdirectories")
+        ->needs(pCurrent);
+    pReport->add_flag("--full-path", options.m_bFullPath,
+                      "Print the full path of every file and directory row");
+    pReport->add_flag("--ansi", options.m_bAnsi,
+                      "Write the narrow form (UTF-8) instead of UTF-16 with a byte order mark; "
+                      "the settings file's Unicode choice otherwise");
+    return pReport;
+}
+
+int RunReportCommand(const CReportCommandOptions& options) {
+    static const std::map<std::string, EPrintType> kForms = {{"text", PrintTypeText},
+                                                             {"csv", PrintTypeExcel},
+                                                             {"html", PrintTypeHtml},
+                                                             {"xml", PrintTypeXml}};
+    CCommandScan command(options.m_scan);
+    const int nStatus = command.Prepare();
+    if (nStatus != 0) return nStatus;
+    CWZorvaneDoc& doc = command.Doc();
+    ApplyPrintFlags(doc);
+    if (options.m_bAnsi) doc.m_print.m_aFlags[SaveAsUnicode] = 0;
+    command.Scan();
+    if (doc.m_bStopRequested) return kInterrupted;
+
+    CDirectoryData* pCurrent = nullptr;
+    if (!options.m_strCurrent.empty()) {
+        pCurrent = FindDirectory(doc, options.m_strCurrent);
+        if (!pCurrent) {
+            std::fprintf(stderr, "zorvane-cli report: not a scanned directory: %s\n",
+                         options.m_strCurrent.c_str());
+            return kUsageError;
+        }
+    }
+    const EReportScope eScope = !pCurrent                ? ReportAllDirectories
+                                : options.m_bWithSubdirs ? ReportCurrentAndSubdirectories
+                                                         : ReportCurrentDirectory;
+
+    std::FILE* pFile = stdout;
+    if (!options.m_strOutput.empty()) {
+        std::string strError;
+        pFile = platform::OpenFileForWriting(platform::Utf8ToUtf16(options.m_strOutput), strError);
+        if (!pFile) {
+            std::fprintf(stderr, "Cannot open the file %s\n%s\n", options.m_strOutput.c_str(),
+                         strError.c_str());
+            return kWriteFailed;
+        }
+    } else {
+        platform::SetStdoutBinary();
+    }
+    CCheckedFileSink sink(pFile,
+                          options.m_strOutput.empty() ? "standard output" : options.m_strOutput,
+                          !options.m_strOutput.empty());
+    bool bWritten;
+    bool bComplete;
+    {
+        CReportStream out(sink, doc.m_print.Flag(SaveAsUnicode));
+        bComplete = WriteMainReport(doc, out, kForms.at(options.m_strFormat), eScope, pCurrent,
+                                    options.m_bFullPath);
+        bWritten = out.Finish();
+    }
+    bWritten = sink.Close() && bWritten;
+    command.Host().ClearLine();
+    if (!bWritten) {
+        std::fprintf(stderr, "%s\n", sink.Error().c_str());
+        return kWriteFailed;
+    }
+    if (!bComplete) {
+        std::fprintf(stderr, "zorvane-cli report: interrupted; the report is incomplete\n");
+        return kInterrupted;
+    }
+    return 0;
+}
+
+}  // namespace zv

@@ -1,0 +1,124 @@
+#include "reports/ReportContext.h"
+
+#include "core/document/SizeText.h"
+#include "core/document/SortCodes.h"
+#include "core/records/RecordPath.h"
+#include "core/records/RecordServices.h"
+#include "reports/ValueText.h"
+
+namespace zv {
+
+CReportContext::CReportContext(CWZorvaneDoc& doc, CReportStream& out, bool bFullPath)
+    : m_doc(doc), m_out(out), m_columns(SelectedColumns(doc)), m_bFullPath(bFullPath) {}
+
+std::u16string CReportContext::Size(double dSize) const {
+    return FormatSize(m_doc, dSize, u"", false);
+}
+
+std::u16string CReportContext::SizeWithUnits(double dSize, std::u16string_view strSuffix) const {
+    return FormatSize(m_doc, dSize, strSuffix, true);
+}
+
+std::u16string CReportContext::Date(FILETIME ftDate) const {
+    return FormatReportDate(ftDate, Flag(PrintTime));
+}
+
+const std::u16string& CReportContext::DirPath(const CDirectoryData& dir) {
+    if (m_pPathDir != &dir) {
+        m_pPathDir = &dir;
+        m_strPathDir = dir.GetFullPath();
+    }
+    return m_strPathDir;
+}
+
+std::u16string CReportContext::FilePath(const CFileData& file) {
+    if (!file.m_pDirectory) return std::u16string(file.m_strName.View());
+    return JoinPath(DirPath(*file.m_pDirectory), file.m_strName);
+}
+
+const platform::CFileDiskInfo& CReportContext::DiskInfo(CFileData& file) {
+    if (m_pInfoFile != &file) {
+        m_pInfoFile = &file;
+        const bool bWantOwner = !(file.m_uFlags & FILE_OWNER_VALID) && !file.IsStream();
+        platform::GetFileDiskInfo(FilePath(file), bWantOwner, m_info);
+        if (bWantOwner && m_info.bOwnerKnown) file.SetOwner(m_info.strOwner);
+    }
+    return m_info;
+}
+
+void CReportContext::Sort(CDirectoryData& dir) const {
+    SortFiles(dir, m_doc.m_options.m_nFileSort);
+    SortChildren(dir, m_doc.m_options.m_nDirSort);
+}
+
+namespace {
+
+constexpr size_t kCrcBatchFiles = 192;
+constexpr size_t kCrcLookAheadDirs = 512;
+
+bool NeedsCrc(const CFileData& file) { return !(file.m_uFlags & FILE_CRC_VALID); }
+
+}  // namespace
+
+void CReportContext::PrepareRows(CDirectoryData& dir,
+                                 const std::vector<CDirectoryData*>& aPending) {
+    // File rows print file checksums; directory rows and totals print the
+    // checksums of a directory's files folded.
+    if (!Flag(PrintCrc) || (Flag(PrintNoFiles) && Flag(PrintNoDirs) && !Flag(PrintDirTotals)))
+        return;
+    const auto FirstNeedsCrc = [](const CDirectoryData& d) {
+        return !d.m_aFiles.IsEmpty() && NeedsCrc(*d.m_aFiles[0]);
+    };
+    bool bNeeded = FirstNeedsCrc(dir);
+    for (size_t i = 0; !bNeeded && !Flag(PrintNoDirs) && i < dir.m_aChildren.GetSize(); ++i)
+        bNeeded = FirstNeedsCrc(*dir.m_aChildren[i]);
+    if (!bNeeded) return;
+    std::vector<CFileData*> aBatch;
+    size_t nDirs = 0;
+    const auto Full = [&] { return aBatch.size() >= kCrcBatchFiles || nDirs >= kCrcLookAheadDirs; };
+    const auto AddFiles = [&](CDirectoryData& d) {
+        for (CFileData* pFile : d.m_aFiles)
+            if (NeedsCrc(*pFile)) aBatch.push_back(pFile);
+    };
+    // The walk's own order: each subtree sorted and in preorder.
+    const auto Visit = [&](CDirectoryData* pStart) {
+        std::vector<CDirectoryData*> aStack{pStart};
+        while (!aStack.empty() && !Full()) {
+            CDirectoryData& d = *aStack.back();
+            aStack.pop_back();
+            Sort(d);
+            AddFiles(d);
+            ++nDirs;
+            for (size_t i = d.m_aChildren.GetSize(); i-- > 0;) aStack.push_back(d.m_aChildren[i]);
+        }
+    };
+    AddFiles(dir);
+    for (size_t i = 0; i < dir.m_aChildren.GetSize() && !Full(); ++i) Visit(dir.m_aChildren[i]);
+    for (size_t i = aPending.size(); i-- > 0 && !Full();) Visit(aPending[i]);
+    RecordServices().ComputeCrcs(aBatch);
+}
+
+void CReportContext::PrepareSubtreeCrcs(CDirectoryData& top) {
+    constexpr size_t kBatch = 4096;
+    std::vector<CFileData*> aBatch;
+    std::vector<CDirectoryData*> aStack{&top};
+    while (!aStack.empty()) {
+        CDirectoryData& d = *aStack.back();
+        aStack.pop_back();
+        for (CFileData* pFile : d.m_aFiles)
+            if (NeedsCrc(*pFile)) aBatch.push_back(pFile);
+        if (aBatch.size() >= kBatch) {
+            RecordServices().ComputeCrcs(aBatch);
+            aBatch.clear();
+        }
+        for (CDirectoryData* pChild : d.m_aChildren) aStack.push_back(pChild);
+    }
+    RecordServices().ComputeCrcs(aBatch);
+}
+
+const CRowMetadata& CReportContext::ReadRow(CFileData& file) {
+    m_row.Read(file, m_columns);
+    return m_row;
+}
+
+}  // namespace zv

@@ -1,0 +1,77 @@
+// What every writer of one report shares: the document, the stream, the
+// columns, the full path choice, and the value forms that depend on the
+// document's settings.
+#pragma once
+
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/document/Document.h"
+#include "core/records/RecordName.h"
+#include "platform/FileSystem.h"
+#include "reports/ReportColumns.h"
+#include "reports/RowMetadata.h"
+
+namespace zv {
+
+class CReportStream;
+
+class CReportContext {
+public:
+    CReportContext(CWZorvaneDoc& doc, CReportStream& out, bool bFullPath);
+
+    bool Flag(EPrintFlag eFlag) const { return m_doc.m_print.Flag(eFlag); }
+    bool Hex() const { return m_doc.m_options.m_bCrcHex != 0; }
+    const std::u16string& Unit() const { return m_doc.m_options.m_strSizeUnit; }
+
+    // A size without units, as rows print it.
+    std::u16string Size(double dSize) const;
+    // A size with the units word, after the suffix, as totals print it.
+    std::u16string SizeWithUnits(double dSize, std::u16string_view strSuffix = {}) const;
+    // A date, with the time of day when "Print time" is on.
+    std::u16string Date(FILETIME ftDate) const;
+
+    // The full path of a directory; the last one asked for is kept, since
+    // every file row of a block asks for its directory's.
+    const std::u16string& DirPath(const CDirectoryData& dir);
+    // The file's path: the directory path and the name.
+    std::u16string FilePath(const CFileData& file);
+
+    // Size on disk and link count of a file, read once for its row with
+    // its owner, which the record keeps.
+    double SizeOnDisk(CFileData& file) { return DiskInfo(file).dSizeOnDisk; }
+    uint32_t LinkCount(CFileData& file) { return DiskInfo(file).uLinkCount; }
+
+    // Brings a directory's files and subdirectories into the document's sort.
+    void Sort(CDirectoryData& dir) const;
+    // With the CRC column on, has the checksum workers compute the
+    // checksums of the directory's files, and of the files of the
+    // directories written next (aPending, last first, and the directory's
+    // own subdirectories), in batches ahead of the rows that print them.
+    void PrepareRows(CDirectoryData& dir, const std::vector<CDirectoryData*>& aPending);
+    // With directory checksums over subdirectories in the report, the
+    // checksums of every file below top, in large batches.
+    void PrepareSubtreeCrcs(CDirectoryData& top);
+    // Reads the metadata of a file for its row into m_row.
+    const CRowMetadata& ReadRow(CFileData& file);
+    // Whether the user asked the report to stop.
+    bool Stopped() const { return m_doc.m_bStopRequested != 0; }
+
+    CWZorvaneDoc& m_doc;
+    CReportStream& m_out;
+    const CReportColumns m_columns;
+    const bool m_bFullPath;
+    bool m_bHeaderWritten = false;  // the CSV report with "no dirs" has one header
+
+private:
+    const platform::CFileDiskInfo& DiskInfo(CFileData& file);
+
+    CRowMetadata m_row;
+    const CFileData* m_pInfoFile = nullptr;
+    platform::CFileDiskInfo m_info;
+    const CDirectoryData* m_pPathDir = nullptr;
+    std::u16string m_strPathDir;
+};
+
+}  // namespace zv
