@@ -12,6 +12,8 @@ packages=(
   libcli11-dev nlohmann-json3-dev
   libpugixml-dev dpkg-dev
   clang libclang-rt-14-dev
+  libwxgtk3.2-dev xvfb xauth imagemagick
+  libz-mingw-w64-dev make
   "$@"
 )
 

@@ -72,13 +72,7 @@ void CFileAttributesView::ApplyColumnSettings() {
 }
 
 CListRow CFileAttributesView::RowAt(long nItem) const {
-    if (!m_pDir || nItem < 0) return {};
-    const size_t nIndex = static_cast<size_t>(nItem);
-    const size_t nChildren = m_pDir->m_aChildren.GetSize();
-    if (nIndex < nChildren) return {m_pDir->m_aChildren[nIndex], nullptr};
-    if (nIndex - nChildren < m_pDir->m_aFiles.GetSize())
-        return {nullptr, m_pDir->m_aFiles[nIndex - nChildren]};
-    return {};
+    return nItem < 0 ? CListRow{} : RowOf(m_pDir, static_cast<size_t>(nItem));
 }
 
 std::vector<CListRow> CFileAttributesView::SelectedRows() const {

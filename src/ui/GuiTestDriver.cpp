@@ -6,7 +6,6 @@
 #include <wx/textctrl.h>
 #include <wx/uiaction.h>
 #include <wx/utils.h>
-#include <wx/crt.h>
 
 #include "core/document/Document.h"
 #include "core/records/DirectoryData.h"
@@ -20,6 +19,8 @@
 #include "ui/ZorvaneApp.h"
 #include "ui/ZorvaneFrame.h"
 #include "ui/logic/CommandTable.h"
+
+#include <cstdio>
 
 namespace zv {
 
@@ -47,7 +48,8 @@ void CGuiTestDriver::Start() {
 }
 
 void CGuiTestDriver::Check(bool bCondition, const wxString& strWhat) {
-    wxFprintf(stderr, "%s: %s\n", bCondition ? "ok" : "FAILED", strWhat);
+    std::fprintf(stderr, "%s: %s\n", bCondition ? "ok" : "FAILED",
+                 static_cast<const char*>(strWhat.utf8_str()));
     if (!bCondition) ++m_nFailures;
 }
 
@@ -79,7 +81,7 @@ void CGuiTestDriver::PostCommand(int nId) {
 void CGuiTestDriver::Finish() {
     m_timer.Stop();
     m_host.m_nPumpDelayMicroseconds = 0;
-    wxFprintf(stderr, "%d failure(s)\n", m_nFailures);
+    std::fprintf(stderr, "%d failure(s)\n", m_nFailures);
     m_app.SetExitStatus(m_nFailures ? 1 : 0);
     m_frame.Close(true);
 }
@@ -172,7 +174,7 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
             return true;
         }
         case 7: {  // The rescan runs: stop it.
-            if (bIdle || doc.m_scan.m_aAllFiles.GetSize() == 0) return false;
+            if (bIdle || doc.m_scan.m_aAllFiles.GetSize() < 40) return false;
             Screenshot("gui-5-scanning");
             PostCommand(CmdStop);
             return true;

@@ -32,7 +32,7 @@ CMainFrame::CMainFrame()
     BuildMenus();
     BuildToolbar();
     CreateStatusBar(PaneCount);
-    const int aWidths[PaneCount] = {-1, 170, 170, 170, 170};
+    const int aWidths[PaneCount] = {-1, 230, 170, 170, 200};
     GetStatusBar()->SetStatusWidths(PaneCount, aWidths);
     Bind(wxEVT_MENU, &CMainFrame::OnCommand, this, kFirstMenuId, kLastMenuId);
     Bind(wxEVT_UPDATE_UI, &CMainFrame::OnUpdateCommand, this, kFirstMenuId, kLastMenuId);
@@ -93,7 +93,7 @@ void CMainFrame::BuildToolbar() {
                                        wxSize(80, -1), nStyle | wxBORDER_NONE);
     m_pFileCount = new wxTextCtrl(pBar, wxID_ANY, "", wxDefaultPosition, wxSize(80, -1),
                                   nStyle | wxTE_RIGHT);
-    m_pStatusField = new wxTextCtrl(pBar, wxID_ANY, "", wxDefaultPosition, wxSize(560, -1), nStyle);
+    m_pStatusField = new wxTextCtrl(pBar, wxID_ANY, "", wxDefaultPosition, wxSize(520, -1), nStyle);
     pBar->AddControl(m_pFileCountLabel);
     pBar->AddControl(m_pFileCount);
     pBar->AddControl(m_pStatusField);

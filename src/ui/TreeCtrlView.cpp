@@ -70,7 +70,7 @@ void CTreeCtrlView::FillTree() {
     Freeze();
     DeleteChildren(m_top);
     for (CDirectoryData* pDir : doc.m_scan.m_aAllDirs) pDir->m_hTreeItem = nullptr;
-    for (CRootDirectoryData* pRoot : doc.m_scan.m_aRoots) AddItem(m_top, *pRoot);
+    for (CRootDirectoryData* pRoot : doc.m_scan.m_aRoots) Expand(AddItem(m_top, *pRoot));
     Thaw();
     m_bBuilding = false;
 }

@@ -1,8 +1,11 @@
 #include "ui/ZorvaneApp.h"
 
+#include <wx/display.h>
+#include <wx/gdicmn.h>
 #include <wx/image.h>
-#include <wx/crt.h>
 #include <wx/utils.h>
+
+#include <cstdio>
 
 #include "core/document/Document.h"
 #include "core/settings/DocumentStartup.h"
@@ -39,12 +42,16 @@ bool CZorvaneApp::OnInit() {
         // A failed assertion is reported, never a box that waits.
         wxSetAssertHandler([](const wxString& strFile, int nLine, const wxString& strFunction,
                               const wxString& strCondition, const wxString& strMessage) {
-            wxFprintf(stderr, "assertion %s:%d %s: %s %s\n", strFile, nLine, strFunction,
-                      strCondition, strMessage);
+            const wxString strText = wxString::Format("assertion %s:%d %s: %s %s\n", strFile,
+                                                      nLine, strFunction, strCondition, strMessage);
+            std::fputs(strText.utf8_str(), stderr);
         });
         m_pHost->m_bMessagesToStatus = true;
         m_pTestDriver = std::make_unique<CGuiTestDriver>(*this, *m_pFrame, *m_pHost, strTestDir);
     }
+    // Without a window manager (a virtual X server) maximising does nothing:
+    // the frame takes the screen's work area first.
+    m_pFrame->SetSize(wxGetClientDisplayRect());
     m_pFrame->Show();
     m_pFrame->Maximize();
     m_pFrame->Update();

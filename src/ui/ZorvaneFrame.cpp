@@ -49,6 +49,9 @@ CZorvaneFrame::~CZorvaneFrame() {
 }
 
 void CZorvaneFrame::OnInitialUpdate() {
+    // The left column takes a fifth of the frame's width once the frame has
+    // its full size.
+    m_pSplitter->SetSashPosition(GetClientSize().x / 5);
     m_pList->OnInitialUpdate();
     m_pList->SetFocus();
     UpdateFreeSpace();

@@ -178,13 +178,13 @@ CSortArrow SortArrowFor(CSortCodes codes) {
     return arrow;
 }
 
-std::vector<CListRow> RowsOf(CDirectoryData* pDir) {
-    std::vector<CListRow> aRows;
-    if (!pDir) return aRows;
-    aRows.reserve(pDir->m_aChildren.GetSize() + pDir->m_aFiles.GetSize());
-    for (CDirectoryData* pChild : pDir->m_aChildren) aRows.push_back({pChild, nullptr});
-    for (CFileData* pFile : pDir->m_aFiles) aRows.push_back({nullptr, pFile});
-    return aRows;
+CListRow RowOf(CDirectoryData* pDir, size_t nIndex) {
+    if (!pDir) return {};
+    const size_t nChildren = pDir->m_aChildren.GetSize();
+    if (nIndex < nChildren) return {pDir->m_aChildren[nIndex], nullptr};
+    if (nIndex - nChildren < pDir->m_aFiles.GetSize())
+        return {nullptr, pDir->m_aFiles[nIndex - nChildren]};
+    return {};
 }
 
 }  // namespace zv

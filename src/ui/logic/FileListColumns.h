@@ -77,8 +77,8 @@ struct CSortArrow {
 };
 CSortArrow SortArrowFor(CSortCodes codes);
 
-// The rows of a directory: subdirectories first, then files, each in the
-// order of the directory's arrays.
-std::vector<CListRow> RowsOf(CDirectoryData* pDir);
+// Row i of a directory's list: its subdirectories first, then its files,
+// each in the order of the directory's arrays; empty past the end.
+CListRow RowOf(CDirectoryData* pDir, size_t nIndex);
 
 }  // namespace zv
