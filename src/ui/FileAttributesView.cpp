@@ -7,6 +7,8 @@
 #include "core/document/SortCodes.h"
 #include "core/records/DirectoryData.h"
 #include "core/records/FileData.h"
+#include "fileops/NewFolder.h"
+#include "fileops/RenameOnDisk.h"
 #include "ui/Art.h"
 #include "ui/MainFrame.h"
 #include "ui/TreeCtrlView.h"
@@ -19,7 +21,7 @@ namespace zv {
 
 CFileAttributesView::CFileAttributesView(wxWindow* pParent, CZorvaneFrame& frame)
     : wxListCtrl(pParent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                 wxLC_REPORT | wxLC_VIRTUAL),
+                 wxLC_REPORT | wxLC_VIRTUAL | wxLC_EDIT_LABELS),
       m_frame(frame) {
     AssignImageList(CreateFolderImages(), wxIMAGE_LIST_SMALL);
     Bind(wxEVT_LIST_COL_CLICK, &CFileAttributesView::OnColumnClick, this);
@@ -27,6 +29,8 @@ CFileAttributesView::CFileAttributesView(wxWindow* pParent, CZorvaneFrame& frame
     Bind(wxEVT_LIST_ITEM_DESELECTED, &CFileAttributesView::OnSelectionChanged, this);
     Bind(wxEVT_LIST_ITEM_ACTIVATED, &CFileAttributesView::OnActivated, this);
     Bind(wxEVT_CONTEXT_MENU, &CFileAttributesView::OnContextMenu, this);
+    Bind(wxEVT_LIST_BEGIN_LABEL_EDIT, &CFileAttributesView::OnBeginLabelEdit, this);
+    Bind(wxEVT_LIST_END_LABEL_EDIT, &CFileAttributesView::OnEndLabelEdit, this);
 }
 
 void CFileAttributesView::InsertListColumn(EListColumn eColumn, int nWidth) {
@@ -200,8 +204,52 @@ void CFileAttributesView::OnUpdate(int nHint) {
         case CmdUnselectAll: SelectAll(false, false); break;
         case CmdInvertSelection: SelectAll(false, true); break;
         case CmdOpen: OpenSelected(); break;
+        case CmdNewFolder: NewFolder(); break;
+        case CmdRename: {
+            const long nItem = GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
+            EditLabel(nItem >= 0 ? nItem : GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED));
+            break;
+        }
         default: break;
     }
+}
+
+void CFileAttributesView::NewFolder() {
+    if (!m_pDir) return;
+    CDirectoryData* pFolder = CreateNewFolder(m_frame.Document(), *m_pDir);
+    if (!pFolder) return;
+    m_frame.Tree().OnDirectoryAdded(*m_pDir, *pFolder);
+    ShowDirectory(m_pDir);
+    for (size_t i = 0; i < m_pDir->m_aChildren.GetSize(); ++i) {
+        if (m_pDir->m_aChildren[i] != pFolder) continue;
+        const long nItem = static_cast<long>(i);
+        SetItemState(nItem, wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED,
+                     wxLIST_STATE_SELECTED | wxLIST_STATE_FOCUSED);
+        EnsureVisible(nItem);
+        EditLabel(nItem);
+        break;
+    }
+}
+
+void CFileAttributesView::OnBeginLabelEdit(wxListEvent& event) {
+    if (m_frame.Document().m_bScanning) event.Veto();
+}
+
+void CFileAttributesView::OnEndLabelEdit(wxListEvent& event) {
+    if (event.IsEditCancelled()) return;
+    const std::u16string strText = FromWx(event.GetLabel());
+    const CListRow row = RowAt(event.GetIndex());
+    bool bRenamed = false;
+    if (row.m_pDir) {
+        bRenamed = RenameDirectoryOnDisk(*row.m_pDir, strText);
+        if (bRenamed) m_frame.Tree().OnDirectoryRenamed(*row.m_pDir);
+    } else if (row.m_pFile) {
+        bRenamed = RenameFileOnDisk(*row.m_pFile, strText);
+    }
+    // The row's text comes from the record, which has the new name now or
+    // keeps the old one.
+    event.Veto();
+    if (bRenamed) RefreshItem(event.GetIndex());
 }
 
 void CFileAttributesView::OnContextMenu(wxContextMenuEvent&) {

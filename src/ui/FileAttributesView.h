@@ -45,6 +45,9 @@ private:
     void OnContextMenu(wxContextMenuEvent& event);
     void OnPopupCommand(wxCommandEvent& event);
     void OpenSelected();
+    void NewFolder();
+    void OnBeginLabelEdit(wxListEvent& event);
+    void OnEndLabelEdit(wxListEvent& event);
     void SelectAll(bool bSelect, bool bInvert);
 
     CZorvaneFrame& m_frame;

@@ -119,6 +119,22 @@ void CTreeCtrlView::RestoreSelection() {
     if (m_frame.List().CurrentDirectory() != pFound) m_frame.List().ShowDirectory(pFound);
 }
 
+void CTreeCtrlView::OnDirectoryAdded(CDirectoryData& parent, CDirectoryData& child) {
+    if (!parent.m_hTreeItem) return;
+    const wxTreeItemId item(parent.m_hTreeItem);
+    // Children not shown yet come with the others when the item opens.
+    if (GetChildrenCount(item, false) > 0)
+        AddItem(item, child);
+    else
+        SetItemHasChildren(item, true);
+}
+
+void CTreeCtrlView::OnDirectoryRenamed(CDirectoryData& dir) {
+    if (dir.m_hTreeItem)
+        SetItemText(wxTreeItemId(dir.m_hTreeItem),
+                    ToWx(dir.IsRoot() ? dir.GetFullPath() : dir.m_strName.Str()));
+}
+
 void CTreeCtrlView::OnSelectionChanged(wxTreeEvent& event) {
     if (m_bBuilding) return;
     CDirectoryData* pDir = DirectoryOf(event.GetItem());

@@ -25,6 +25,9 @@ public:
     // Makes the directory's item exist, shows and selects it.
     bool SelectDirectory(CDirectoryData* pDir);
     bool HasItems() const;
+    // A directory got a new child or a new name outside the tree.
+    void OnDirectoryAdded(CDirectoryData& parent, CDirectoryData& child);
+    void OnDirectoryRenamed(CDirectoryData& dir);
     void OnUpdate(int nHint);
 
     // The record of an item; null for the hidden top.

@@ -40,6 +40,15 @@ CZorvaneFrame::CZorvaneFrame(CMainFrame* pParent, CWZorvaneDoc& doc, IScanSteps&
     m_pSplitter->SetMinimumPaneSize(50);
     m_pSplitter->SetSashGravity(0.2);
     m_pSplitter->SplitVertically(m_pTree, m_pList, pParent->GetClientSize().x / 5);
+    // The left column takes a fifth of the width the frame gets once it is
+    // laid out (on GTK children are notebook pages, sized late).
+    m_pSplitter->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
+        event.Skip();
+        const int nWidth = event.GetSize().x;
+        if (m_bSashPlaced || nWidth < 300) return;
+        m_bSashPlaced = true;
+        CallAfter([this, nWidth] { m_pSplitter->SetSashPosition(nWidth / 5); });
+    });
 }
 
 CZorvaneFrame::~CZorvaneFrame() {
@@ -49,9 +58,6 @@ CZorvaneFrame::~CZorvaneFrame() {
 }
 
 void CZorvaneFrame::OnInitialUpdate() {
-    // The left column takes a fifth of the frame's width once the frame has
-    // its full size.
-    m_pSplitter->SetSashPosition(GetClientSize().x / 5);
     m_pList->OnInitialUpdate();
     m_pList->SetFocus();
     UpdateFreeSpace();

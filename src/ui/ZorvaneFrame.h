@@ -71,6 +71,7 @@ private:
     wxSplitterWindow* m_pSplitter;
     CTreeCtrlView* m_pTree;
     CFileAttributesView* m_pList;
+    bool m_bSashPlaced = false;
 };
 
 }  // namespace zv

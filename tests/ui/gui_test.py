@@ -4,8 +4,8 @@ screenshot of the screen after each step in OUT_DIR.
 
 The program's own test hook (ZORVANE_GUI_TEST, see src/ui/GuiTestDriver.h)
 scans a generated tree named by a settings file, clicks a tree item and a
-column header with the toolkit's UI action simulator, stops a rescan and
-rescans; it writes NAME.request when it wants a screenshot, and this script
+column header with the toolkit's UI action simulator, makes a New Folder and
+types its new name, stops a rescan and rescans; it writes NAME.request when it wants a screenshot, and this script
 takes it with ImageMagick's `import`. A second run checks the unattended
 mode: a settings file with "Exit program after printing" ends with status 0
 by itself.
@@ -101,8 +101,8 @@ def main(argv):
         failures += status != 0
         expected = ["gui-1-scanned"] if wine else [
             "gui-1-scanned", "gui-2-directory-selected", "gui-3-sorted-by-name",
-            "gui-4-sorted-by-name-descending", "gui-5-scanning", "gui-6-stopped",
-            "gui-7-rescanned"]
+            "gui-4-sorted-by-name-descending", "gui-5-folder-renamed", "gui-6-scanning",
+            "gui-7-stopped", "gui-8-rescanned"]
         for name in expected:
             if not os.path.exists(os.path.join(out_dir, name + ".png")):
                 print("FAILED: no screenshot", name)

@@ -10,7 +10,7 @@ namespace {
 
 constexpr CCommandEntry kCommands[] = {
     {u"&File", CmdOpen, u"Open", RuleSelection},
-    {u"&File", CmdNewFolder, u"New Folder", RuleNotBuilt},
+    {u"&File", CmdNewFolder, u"New Folder", RuleDirShown},
     {u"&File", CmdSave, u"Save\tCtrl+S", RuleNotBuilt},
     {u"&File", 0, nullptr, RuleAlways},
     {u"&File", CmdPrint, u"&Print...\tCtrl+P", RuleNotBuilt},
@@ -22,7 +22,7 @@ constexpr CCommandEntry kCommands[] = {
     {u"&File", CmdModifyDates, u"Modify Dates...\tF6", RuleNotBuilt},
     {u"&File", CmdMoveTo, u"Move To...", RuleNotBuilt},
     {u"&File", CmdCopyTo, u"Copy To...", RuleNotBuilt},
-    {u"&File", CmdRename, u"Rename\tF2", RuleNotBuilt},
+    {u"&File", CmdRename, u"Rename\tF2", RuleOneSelection},
     {u"&File", CmdMultiRename, u"Multi Rename...\tF3", RuleNotBuilt},
     {u"&File", CmdMp3Rename, u"MP3 Rename...", RuleNotBuilt},
     {u"&File", CmdChangeOwner, u"Change Owner...", RuleNotBuilt},
