@@ -189,8 +189,8 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
             for (size_t i = 0; pDir && i < pDir->m_aChildren.GetSize(); ++i)
                 bFound = bFound || pDir->m_aChildren[i]->m_strName == u"renamed folder";
             if (!bFound) return false;
-            Check(platform::GetFileAttributes(pDir->GetFullPath() + platform::kPathSeparator +
-                                              u"renamed folder") != ATTR_INVALID,
+            Check(wxDirExists(ToWx(pDir->GetFullPath() + platform::kPathSeparator +
+                                   u"renamed folder")),
                   "New Folder and the rename in place reached the disk");
             Screenshot("gui-5-folder-renamed");
             m_host.m_nPumpDelayMicroseconds = kSlowPumpMicroseconds;
