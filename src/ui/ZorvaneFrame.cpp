@@ -11,6 +11,7 @@
 #include "core/settings/SettingsFile.h"
 #include "filters/ScanFilter.h"
 #include "ui/FileAttributesView.h"
+#include "ui/FilterListDlg.h"
 #include "ui/MainFrame.h"
 #include "ui/SelectRootsDlg.h"
 #include "ui/TreeCtrlView.h"
@@ -120,6 +121,15 @@ void CZorvaneFrame::OnCommand(int nId) {
             options.m_bCrcDecimal = nId == CmdCrcDecimal;
             m_pList->Refresh();
             break;
+        case CmdFilterFileNames: EditFilterList(FilterFileNames); break;
+        case CmdFilterFileNamesExclude: EditFilterList(FilterFileNamesExclude); break;
+        case CmdFilterFullPathExclude: EditFilterList(FilterFullPathExclude); break;
+        case CmdFilterVersion: EditFilterList(FilterVersionFiles); break;
+        case CmdFilterOffice: EditFilterList(FilterOfficeExtensions); break;
+        case CmdFilterOwners: EditFilterList(FilterOwners); break;
+        case CmdFilterOwnersExclude: EditFilterList(FilterOwnersExclude); break;
+        case CmdFilterDirExclude: EditFilterList(FilterDirExclude); break;
+        case CmdFilterDir: EditFilterList(FilterDir); break;
         case CmdSizeBytes: SetSizeUnit(0); break;
         case CmdSizeKilobytes: SetSizeUnit(1); break;
         case CmdSizeMegabytes: SetSizeUnit(2); break;
@@ -137,6 +147,11 @@ void CZorvaneFrame::SetSizeUnit(int nUnit) {
     m_pList->Refresh();
     m_pList->UpdateStatusPanes();
     UpdateFreeSpace();
+}
+
+void CZorvaneFrame::EditFilterList(int nList) {
+    CFilterListDlg dialog(this, m_doc, static_cast<EFilterList>(nList));
+    dialog.ShowModal();
 }
 
 void CZorvaneFrame::SelectRoots() {

@@ -61,6 +61,7 @@ public:
 
 private:
     void SelectRoots();
+    void EditFilterList(int nList);
     void LoadSettingsCommand();
     void SaveSettingsCommand();
     void SetSizeUnit(int nUnit);
