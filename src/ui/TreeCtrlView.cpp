@@ -1,10 +1,12 @@
 #include "ui/TreeCtrlView.h"
 
+#include <wx/menu.h>
 #include <wx/utils.h>
 
 #include "core/document/Document.h"
 #include "core/document/SortCodes.h"
 #include "core/records/DirectoryData.h"
+#include "fileops/RenameOnDisk.h"
 #include "ui/Art.h"
 #include "ui/FileAttributesView.h"
 #include "ui/MainFrame.h"
@@ -25,13 +27,16 @@ struct CDirItemData : wxTreeItemData {
 
 CTreeCtrlView::CTreeCtrlView(wxWindow* pParent, CZorvaneFrame& frame)
     : wxTreeCtrl(pParent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                 wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_HIDE_ROOT | wxTR_SINGLE),
+                 wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_HIDE_ROOT | wxTR_SINGLE |
+                     wxTR_EDIT_LABELS),
       m_frame(frame) {
     AssignImageList(CreateFolderImages());
     m_top = AddRoot("");
     Bind(wxEVT_TREE_ITEM_EXPANDING, &CTreeCtrlView::OnExpanding, this);
     Bind(wxEVT_TREE_SEL_CHANGED, &CTreeCtrlView::OnSelectionChanged, this);
     Bind(wxEVT_TREE_BEGIN_LABEL_EDIT, &CTreeCtrlView::OnBeginLabelEdit, this);
+    Bind(wxEVT_TREE_END_LABEL_EDIT, &CTreeCtrlView::OnEndLabelEdit, this);
+    Bind(wxEVT_TREE_ITEM_MENU, &CTreeCtrlView::OnItemMenu, this);
 }
 
 CTreeCtrlView::~CTreeCtrlView() = default;
@@ -144,6 +149,41 @@ void CTreeCtrlView::OnSelectionChanged(wxTreeEvent& event) {
 
 void CTreeCtrlView::OnBeginLabelEdit(wxTreeEvent& event) {
     if (m_frame.Document().m_bScanning) event.Veto();
+}
+
+void CTreeCtrlView::OnEndLabelEdit(wxTreeEvent& event) {
+    CDirectoryData* pDir = DirectoryOf(event.GetItem());
+    if (event.IsEditCancelled() || !pDir) return;
+    // The item's text is set from the record, renamed or not.
+    event.Veto();
+    const std::u16string strText = FromWx(event.GetLabel());
+    const std::u16string strOld = pDir->IsRoot() ? pDir->GetFullPath() : pDir->m_strName.Str();
+    if (strText.empty() || strText == strOld) return;
+    if (!RenameDirectoryOnDisk(*pDir, strText)) return;
+    OnDirectoryRenamed(*pDir);
+    CFileAttributesView& list = m_frame.List();
+    if (list.CurrentDirectory()) list.Refresh();
+}
+
+void CTreeCtrlView::OnItemMenu(wxTreeEvent& event) {
+    // The tree's popup on the selected directory; what the program cannot
+    // do yet stands there disabled.
+    const wxTreeItemId item = event.GetItem();
+    const bool bUsable = item.IsOk() && DirectoryOf(item) && !m_frame.Document().m_bScanning;
+    enum { IdRename = 1, IdFirstUnbuilt };
+    static const char* const apszUnbuilt[] = {
+        "Properties", "Send to MS Explorer", "CMD window here", "Delete (to recycle bin)",
+        "Delete (NO recycle bin)", "Cut", "Copy", "Paste", "Move To...", "Copy To...",
+    };
+    wxMenu menu;
+    menu.Append(IdRename, "Rename");
+    menu.Enable(IdRename, bUsable);
+    int nId = IdFirstUnbuilt;
+    for (const char* pszText : apszUnbuilt) {
+        menu.Append(nId, pszText);
+        menu.Enable(nId++, false);
+    }
+    if (GetPopupMenuSelectionFromUser(menu) == IdRename) EditLabel(item);
 }
 
 void CTreeCtrlView::OnUpdate(int nHint) {

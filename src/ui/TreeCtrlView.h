@@ -42,6 +42,8 @@ private:
     void OnExpanding(wxTreeEvent& event);
     void OnSelectionChanged(wxTreeEvent& event);
     void OnBeginLabelEdit(wxTreeEvent& event);
+    void OnEndLabelEdit(wxTreeEvent& event);
+    void OnItemMenu(wxTreeEvent& event);
 
     CZorvaneFrame& m_frame;
     wxTreeItemId m_top;
