@@ -1,6 +1,5 @@
 #include "ui/ZorvaneApp.h"
 
-#include <wx/display.h>
 #include <wx/gdicmn.h>
 #include <wx/image.h>
 #include <wx/utils.h>

@@ -30,7 +30,6 @@ public:
     static IScanSteps* s_pProgramSteps;
 
     std::u16string m_strSettingsFile;
-    int m_nSizeUnit = 0;
 
 private:
     std::unique_ptr<CWZorvaneDoc> m_pDoc;
