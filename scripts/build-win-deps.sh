@@ -74,3 +74,44 @@ build_from_debian_source libzip lib/cmake/libzip/libzip-config.cmake \
   -DENABLE_BZIP2=OFF -DENABLE_LZMA=OFF -DENABLE_ZSTD=OFF -DENABLE_COMMONCRYPTO=OFF \
   -DENABLE_GNUTLS=OFF -DENABLE_MBEDTLS=OFF -DENABLE_OPENSSL=OFF -DENABLE_WINDOWS_CRYPTO=OFF \
   -DBUILD_TOOLS=OFF -DBUILD_REGRESS=OFF -DBUILD_EXAMPLES=OFF -DBUILD_DOC=OFF
+
+# wxWidgets for MinGW-w64, static, from Debian's wxwidgets3.2 source package.
+# It takes some ten minutes on two cores, so it is installed into a cache
+# outside the build tree and the clone, one directory per Debian version, and
+# every build on this machine shares it. The windows preset finds it there
+# (cmake/WinWxWidgets.cmake); ZORVANE_CACHE_DIR moves the cache.
+build_wxwidgets() {
+  local cache="${ZORVANE_CACHE_DIR:-/var/cache/zorvane}/win-deps"
+  ensure_deb_src
+  local version
+  version=$(apt-cache showsrc wxwidgets3.2 | sed -n 's/^Version: //p' | sort -V | tail -n 1)
+  local wx_prefix="$cache/wxwidgets-$version"
+  [ -x "$wx_prefix/bin/wx-config" ] && return
+  if ! mkdir -p "$cache" 2>/dev/null; then
+    $sudo mkdir -p "$cache"
+    $sudo chown "$(id -u):$(id -g)" "$cache"
+  fi
+  local work="$cache/wxwidgets-$version.work"
+  rm -rf "$work"
+  echo "Building wxWidgets $version for Windows into $wx_prefix (about ten minutes)"
+  mkdir -p "$work"
+  (cd "$work" && apt-get source -qq "wxwidgets3.2=$version" >/dev/null)
+  local tree
+  tree=$(find "$work" -mindepth 1 -maxdepth 1 -type d -name 'wxwidgets3.2-*' | head -n 1)
+  mkdir -p "$work/build"
+  (
+    cd "$work/build"
+    "$tree/configure" --host=x86_64-w64-mingw32 --build="$(gcc -dumpmachine)" \
+      --prefix="$wx_prefix" \
+      CC=x86_64-w64-mingw32-gcc-posix CXX=x86_64-w64-mingw32-g++-posix \
+      --with-msw --disable-shared --without-libpng --without-libjpeg \
+      --without-libtiff --without-expat --disable-svg --disable-xrc \
+      --disable-richtext --disable-stc --disable-webview --disable-mediactrl \
+      --with-zlib=sys >configure.log 2>&1
+    nice make -j"$(nproc)" >make.log 2>&1
+    make install >install.log 2>&1
+  ) || { tail -n 30 "$work"/build/*.log >&2; return 1; }
+  rm -rf "$work"
+}
+
+build_wxwidgets

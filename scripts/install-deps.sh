@@ -12,13 +12,14 @@ set -euo pipefail
 build_packages=(
   cmake ninja-build g++ pkg-config tzdata
   libcli11-dev nlohmann-json3-dev libpugixml-dev
-  libzip-dev zlib1g-dev
+  libzip-dev zlib1g-dev libwxgtk3.2-dev
 )
 test_packages=(
   googletest libgtest-dev libbenchmark-dev
   g++-mingw-w64-x86-64-posix wine wine64 libz-mingw-w64-dev
   util-linux python3 dpkg-dev
   clang libclang-rt-14-dev
+  xvfb xauth imagemagick make
 )
 
 packages=("${build_packages[@]}")

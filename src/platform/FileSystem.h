@@ -182,6 +182,12 @@ std::u16string GetFullPathName(std::u16string_view path);
 bool SetFileTimes(std::u16string_view path, FILETIME ftCreated, FILETIME ftAccessed,
                   FILETIME ftModified);
 
+// Gives a file or directory a new path, as MoveFileW does: fails when the
+// target exists. Implemented in posix/ and win32/ PathChanges.cpp.
+bool RenamePath(std::u16string_view from, std::u16string_view to);
+// Creates one directory; fails when it exists.
+bool MakeDirectory(std::u16string_view path);
+
 // The thousands separator of the user's settings: the registry's
 // "sThousand" on Windows, ',' on POSIX.
 char16_t GetThousandsSeparator();

@@ -1,0 +1,52 @@
+# The wxWidgets of the desktop program as one interface target, zorvane_wx.
+# Natively: Debian's GTK package through FindwxWidgets. In the MinGW cross
+# build: the static build that scripts/build-win-deps.sh installs into the
+# machine's cache (ZORVANE_CACHE_DIR, else /var/cache/zorvane), found
+# through its wx-config. Sets ZORVANE_WX_FOUND.
+set(ZORVANE_WX_FOUND OFF)
+if(CMAKE_CROSSCOMPILING)
+  if(DEFINED ENV{ZORVANE_CACHE_DIR})
+    set(cache_dir "$ENV{ZORVANE_CACHE_DIR}")
+  else()
+    set(cache_dir /var/cache/zorvane)
+  endif()
+  file(GLOB wx_configs "${cache_dir}/win-deps/wxwidgets-*/bin/wx-config")
+  list(SORT wx_configs)
+  list(POP_BACK wx_configs wx_config)
+  if(wx_config)
+    execute_process(COMMAND ${wx_config} --cxxflags OUTPUT_VARIABLE wx_cxxflags
+                    OUTPUT_STRIP_TRAILING_WHITESPACE)
+    execute_process(COMMAND ${wx_config} --libs core,base OUTPUT_VARIABLE wx_libs
+                    OUTPUT_STRIP_TRAILING_WHITESPACE)
+    separate_arguments(wx_cxxflags UNIX_COMMAND "${wx_cxxflags}")
+    separate_arguments(wx_libs UNIX_COMMAND "${wx_libs}")
+    add_library(zorvane_wx INTERFACE)
+    foreach(flag ${wx_cxxflags})
+      if(flag MATCHES "^-I(.*)")
+        # Toolkit headers are not ours to keep warning-free.
+        target_include_directories(zorvane_wx SYSTEM INTERFACE "${CMAKE_MATCH_1}")
+      else()
+        target_compile_options(zorvane_wx INTERFACE "${flag}")
+      endif()
+    endforeach()
+    target_link_libraries(zorvane_wx INTERFACE ${wx_libs})
+    set(ZORVANE_WX_FOUND ON)
+    message(STATUS "wxWidgets for Windows: ${wx_config}")
+  else()
+    message(WARNING "No wxWidgets for Windows in ${cache_dir}/win-deps: run "
+                    "scripts/build-win-deps.sh; the desktop program is not built")
+  endif()
+else()
+  find_package(wxWidgets COMPONENTS core base)
+  if(wxWidgets_FOUND)
+    add_library(zorvane_wx INTERFACE)
+    target_include_directories(zorvane_wx SYSTEM INTERFACE ${wxWidgets_INCLUDE_DIRS})
+    target_compile_definitions(zorvane_wx INTERFACE ${wxWidgets_DEFINITIONS})
+    separate_arguments(wx_cxx UNIX_COMMAND "${wxWidgets_CXX_FLAGS}")
+    target_compile_options(zorvane_wx INTERFACE ${wx_cxx})
+    target_link_libraries(zorvane_wx INTERFACE ${wxWidgets_LIBRARIES})
+    set(ZORVANE_WX_FOUND ON)
+  else()
+    message(WARNING "wxWidgets not found (libwxgtk3.2-dev): the desktop program is not built")
+  endif()
+endif()

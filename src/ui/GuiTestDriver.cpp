@@ -1,0 +1,227 @@
+#include "ui/GuiTestDriver.h"
+
+#include <wx/ffile.h>
+#include <wx/filefn.h>
+#include <wx/filename.h>
+#include <wx/textctrl.h>
+#include <wx/uiaction.h>
+#include <wx/utils.h>
+
+#include "core/document/Document.h"
+#include "core/records/DirectoryData.h"
+#include "core/records/FileData.h"
+#include "platform/FileSystem.h"
+#include "platform/Text.h"
+#include "ui/FileAttributesView.h"
+#include "ui/MainFrame.h"
+#include "ui/TreeCtrlView.h"
+#include "ui/WindowHost.h"
+#include "ui/WxText.h"
+#include "ui/ZorvaneApp.h"
+#include "ui/ZorvaneFrame.h"
+#include "ui/logic/CommandTable.h"
+
+#include <cstdio>
+
+namespace zv {
+
+namespace {
+
+constexpr int kTickMilliseconds = 300;
+constexpr int kMaxWaitTicks = 100;
+constexpr auto kWatchdog = std::chrono::seconds(150);
+// Slows the scan of the small test tree enough to stop it halfway.
+constexpr int kSlowPumpMicroseconds = 3000;
+
+}  // namespace
+
+CGuiTestDriver::CGuiTestDriver(CZorvaneApp& app, CMainFrame& frame, CWindowHost& host,
+                               const wxString& strDirectory)
+    : m_app(app), m_frame(frame), m_host(host), m_strDirectory(strDirectory), m_timer(this) {
+    wxString strSteps;
+    if (wxGetEnv("ZORVANE_GUI_TEST_STEPS", &strSteps)) m_nLastStep = wxAtoi(strSteps) - 1;
+    Bind(wxEVT_TIMER, &CGuiTestDriver::OnTimer, this);
+}
+
+void CGuiTestDriver::Start() {
+    m_start = std::chrono::steady_clock::now();
+    m_timer.Start(kTickMilliseconds);
+}
+
+void CGuiTestDriver::Check(bool bCondition, const wxString& strWhat) {
+    std::fprintf(stderr, "%s: %s\n", bCondition ? "ok" : "FAILED",
+                 static_cast<const char*>(strWhat.utf8_str()));
+    if (!bCondition) ++m_nFailures;
+}
+
+void CGuiTestDriver::Screenshot(const wxString& strName) {
+    // Let the windows draw what the last step changed.
+    m_frame.Refresh();
+    m_frame.Update();
+    wxMilliSleep(300);
+    const wxString strBase = m_strDirectory + wxFileName::GetPathSeparator() + strName;
+    const wxString strPng = strBase + ".png";
+    if (wxFileExists(strPng)) wxRemoveFile(strPng);
+    wxFFile request(strBase + ".request", "w");
+    request.Close();
+    for (int i = 0; i < 200 && !wxFileExists(strPng); ++i) wxMilliSleep(100);
+    Check(wxFileExists(strPng), "screenshot " + strPng);
+}
+
+void CGuiTestDriver::ClickAt(const wxPoint& screenPoint) {
+    wxUIActionSimulator simulator;
+    simulator.MouseMove(screenPoint);
+    wxMilliSleep(50);
+    simulator.MouseClick();
+}
+
+void CGuiTestDriver::PostCommand(int nId) {
+    wxQueueEvent(&m_frame, new wxCommandEvent(wxEVT_MENU, MenuId(nId)));
+}
+
+void CGuiTestDriver::Finish() {
+    m_timer.Stop();
+    m_host.m_nPumpDelayMicroseconds = 0;
+    std::fprintf(stderr, "%d failure(s)\n", m_nFailures);
+    m_app.SetExitStatus(m_nFailures ? 1 : 0);
+    m_frame.Close(true);
+}
+
+void CGuiTestDriver::OnTimer(wxTimerEvent&) {
+    // Timers fire inside the scan's message pump too; one step at a time.
+    if (m_bBusy) return;
+    m_bBusy = true;
+    if (std::chrono::steady_clock::now() - m_start > kWatchdog) {
+        Check(false, "the whole run within its time");
+        Finish();
+        m_bBusy = false;
+        return;
+    }
+    CZorvaneFrame* pMain = m_frame.GetMainChild();
+    if (pMain && RunStep(*pMain)) {
+        m_nWaitTicks = 0;
+        if (m_nStep++ >= m_nLastStep) Finish();
+    } else if (++m_nWaitTicks > kMaxWaitTicks) {
+        Check(false, wxString::Format("step %d within its time", m_nStep));
+        Finish();
+    }
+    m_bBusy = false;
+}
+
+bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
+    CWZorvaneDoc& doc = main.Document();
+    CTreeCtrlView& tree = main.Tree();
+    CFileAttributesView& list = main.List();
+    const bool bIdle = !doc.m_bScanning;
+    switch (m_nStep) {
+        case 0: {  // The scan the settings file started.
+            if (!bIdle || !doc.m_pCurrentDir) return false;
+            m_nFullFileCount = doc.m_scan.m_aAllFiles.GetSize();
+            Check(tree.HasItems(), "the tree has the root");
+            Check(m_nFullFileCount > 0, "the scan found files");
+            Check(list.GetItemCount() > 0, "the file list shows the root's entries");
+            Check(!m_frame.StatusField()->GetValue().empty(), "the status field shows the path");
+            Screenshot("gui-1-scanned");
+            return true;
+        }
+        case 1: {  // A click on the root's first subdirectory.
+            wxTreeItemIdValue cookie;
+            const wxTreeItemId root = tree.GetFirstChild(tree.GetRootItem(), cookie);
+            tree.Expand(root);
+            const wxTreeItemId child = tree.GetFirstChild(root, cookie);
+            wxRect rect;
+            if (!child.IsOk() || !tree.GetBoundingRect(child, rect, true)) {
+                Check(false, "the root has a subdirectory item");
+                return true;
+            }
+            tree.SetFocus();
+            ClickAt(tree.ClientToScreen(rect.GetPosition() + wxPoint(rect.width / 2, rect.height / 2)));
+            return true;
+        }
+        case 2: {
+            CDirectoryData* pDir = doc.m_pCurrentDir;
+            if (!pDir || pDir->IsRoot()) {
+                // A click that came before the tree had laid out its items
+                // is made again.
+                if (m_nWaitTicks % 10 == 9) m_nStep = 1;
+                return false;
+            }
+            Check(true, "the click on the tree item shows " + ToWx(pDir->m_strName.Str()));
+            Check(list.GetItemCount() ==
+                      static_cast<int>(pDir->m_aChildren.GetSize() + pDir->m_aFiles.GetSize()),
+                  "the list has one row per entry of that directory");
+            Screenshot("gui-2-directory-selected");
+            return true;
+        }
+        case 3:    // A click on the "Name" header.
+        case 5: {  // And a second one.
+            ClickAt(list.ClientToScreen(wxPoint(list.GetColumnWidth(0) / 2, 8)));
+            return true;
+        }
+        case 4:
+        case 6: {
+            const uint8_t nWanted = m_nStep == 4 ? 1 : 2;
+            if (doc.m_options.m_nFileSort != nWanted) return false;
+            bool bOrdered = true;
+            CDirectoryData* pDir = doc.m_pCurrentDir;
+            for (size_t i = 1; pDir && i < pDir->m_aFiles.GetSize(); ++i) {
+                const int n = platform::CompareNoCase(pDir->m_aFiles[i - 1]->m_strName,
+                                                      pDir->m_aFiles[i]->m_strName);
+                if (nWanted == 1 ? n > 0 : n < 0) bOrdered = false;
+            }
+            Check(bOrdered, wxString::Format("the header click sorts by name (code %d)", nWanted));
+            Check(list.GetItemText(0) == ToWx(CellText(doc, ColName, list.RowAt(0))),
+                  "the first row shows the first record");
+            Screenshot(m_nStep == 4 ? "gui-3-sorted-by-name" : "gui-4-sorted-by-name-descending");
+            if (m_nStep == 6) PostCommand(CmdNewFolder);
+            return true;
+        }
+        case 7: {  // The new folder's name is being edited: type another.
+            if (!list.GetEditControl()) return false;
+            wxUIActionSimulator simulator;
+            simulator.Text("renamed folder");
+            simulator.Char(WXK_RETURN);
+            return true;
+        }
+        case 8: {
+            CDirectoryData* pDir = doc.m_pCurrentDir;
+            bool bFound = false;
+            for (size_t i = 0; pDir && i < pDir->m_aChildren.GetSize(); ++i)
+                bFound = bFound || pDir->m_aChildren[i]->m_strName == u"renamed folder";
+            if (!bFound) return false;
+            Check(wxDirExists(ToWx(pDir->GetFullPath() + platform::kPathSeparator +
+                                   u"renamed folder")),
+                  "New Folder and the rename in place reached the disk");
+            Screenshot("gui-5-folder-renamed");
+            m_host.m_nPumpDelayMicroseconds = kSlowPumpMicroseconds;
+            PostCommand(CmdRescan);
+            return true;
+        }
+        case 9: {  // The rescan runs: stop it.
+            if (bIdle || doc.m_scan.m_aAllFiles.GetSize() < 40) return false;
+            Screenshot("gui-6-scanning");
+            PostCommand(CmdStop);
+            return true;
+        }
+        case 10: {
+            if (!bIdle) return false;
+            m_host.m_nPumpDelayMicroseconds = 0;
+            Check(doc.m_scan.m_aAllFiles.GetSize() < m_nFullFileCount,
+                  wxString::Format("the stopped scan kept part of the tree (%zu of %zu files)",
+                                   doc.m_scan.m_aAllFiles.GetSize(), m_nFullFileCount));
+            Screenshot("gui-7-stopped");
+            PostCommand(CmdRescan);
+            return true;
+        }
+        case 11: {
+            if (!bIdle || doc.m_scan.m_aAllFiles.GetSize() != m_nFullFileCount) return false;
+            Check(tree.HasItems() && doc.m_pCurrentDir, "the full rescan shows the tree again");
+            Screenshot("gui-8-rescanned");
+            m_nLastStep = m_nStep;
+            return true;
+        }
+        default: return true;
+    }
+}
+
+}  // namespace zv

@@ -1,0 +1,55 @@
+// The program's own test hook, switched on by the environment variable
+// ZORVANE_GUI_TEST=DIRECTORY: a timer walks the main window through a
+// scan, a click on a tree item, clicks on a column header, New Folder
+// renamed in place by typing, a rescan that is stopped and a full rescan, checking what the controls show and asking
+// for a screenshot of the screen after each step. A screenshot is asked
+// for by writing NAME.request into the directory and waiting for NAME.png
+// (the test's runner takes it), so the same driver serves the Linux build
+// and the Windows build under Wine. ZORVANE_GUI_TEST_STEPS=1 stops after
+// the first scan. The run ends with status 0 when every check held.
+#pragma once
+
+#include <wx/event.h>
+#include <wx/string.h>
+#include <wx/timer.h>
+
+#include <chrono>
+
+namespace zv {
+
+class CZorvaneApp;
+class CMainFrame;
+class CWindowHost;
+class CZorvaneFrame;
+
+class CGuiTestDriver : public wxEvtHandler {
+public:
+    CGuiTestDriver(CZorvaneApp& app, CMainFrame& frame, CWindowHost& host,
+                   const wxString& strDirectory);
+    void Start();
+
+private:
+    void OnTimer(wxTimerEvent& event);
+    // True once the step is done and the next may start.
+    bool RunStep(CZorvaneFrame& main);
+    void Check(bool bCondition, const wxString& strWhat);
+    void Screenshot(const wxString& strName);
+    void ClickAt(const wxPoint& screenPoint);
+    void PostCommand(int nId);
+    void Finish();
+
+    CZorvaneApp& m_app;
+    CMainFrame& m_frame;
+    CWindowHost& m_host;
+    wxString m_strDirectory;
+    wxTimer m_timer;
+    int m_nStep = 0;
+    int m_nLastStep = 99;
+    int m_nWaitTicks = 0;
+    int m_nFailures = 0;
+    size_t m_nFullFileCount = 0;
+    bool m_bBusy = false;
+    std::chrono::steady_clock::time_point m_start;
+};
+
+}  // namespace zv
