@@ -57,7 +57,7 @@ void CJsonWriter::BeforeValue() {
         m_strText.append(2 * m_aLevels.size(), ' ');
     }
     if (m_bHasKey) {
-        m_strText += JsonString(std::u16string(m_strKey.begin(), m_strKey.end()));
+        m_strText += m_strKey;
         m_strText += ": ";
         m_bHasKey = false;
     }
@@ -86,7 +86,11 @@ void CJsonWriter::BeginArray() { Open('['); }
 void CJsonWriter::EndArray() { Close(']'); }
 
 CJsonWriter& CJsonWriter::Key(std::string_view strName) {
-    m_strKey = strName;  // ASCII key names
+    return Key(std::u16string(strName.begin(), strName.end()));  // ASCII key names
+}
+
+CJsonWriter& CJsonWriter::Key(std::u16string_view strName) {
+    m_strKey = JsonString(strName);
     m_bHasKey = true;
     return *this;
 }
