@@ -6,9 +6,9 @@
 #include "app/ExitStatus.h"
 #include "app/JsonWriter.h"
 #include "app/ProgramServices.h"
+#include "app/SettingsCommand.h"
 #include "core/document/Document.h"
 #include "core/records/FileData.h"
-#include "core/settings/DocumentStartup.h"
 #include "metadata/MetadataFields.h"
 #include "platform/Console.h"
 #include "platform/FileSystem.h"
@@ -21,8 +21,7 @@ int RunMetaCommand(const std::vector<std::string>& aUtf8Paths, bool bJson) {
     CProgramServices services;
     CWZorvaneDoc doc;
     SetMainDocument(&doc);
-    OpenMainDocument(doc, u"");
-    BuildMetadataTables(doc);
+    OpenDocumentWithSettings(doc, "");
 
     CCheckedOutput out;
     CJsonWriter json;
