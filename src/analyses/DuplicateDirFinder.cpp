@@ -2,13 +2,12 @@
 
 #include <algorithm>
 
+#include "analyses/NeighbourGroups.h"
 #include "core/document/Document.h"
 #include "platform/Text.h"
 
 namespace zv {
 namespace {
-
-std::u16string Number(size_t n) { return platform::U16(std::to_string(n)); }
 
 double SizeWithSub(const CDirectoryData* p) { return p->m_dFilesSize + p->m_dSubdirsSize; }
 
@@ -57,13 +56,20 @@ void SortForPass(EDirPass ePass, std::vector<CDirectoryData*>& aDirs) {
 
 bool PairEqual(EDirPass ePass, CDirectoryData* a, CDirectoryData* b) {
     switch (ePass) {
-        case EDirPass::SizeWithSub: return SizeWithSub(a) == SizeWithSub(b);
-        case EDirPass::Size: return a->m_dFilesSize == b->m_dFilesSize;
-        case EDirPass::FileCount: return a->m_aFiles.GetSize() == b->m_aFiles.GetSize();
-        case EDirPass::FileCountWithSub: return a->GetTotalFiles() == b->GetTotalFiles();
-        case EDirPass::Name: return a->GetNameCrc() == b->GetNameCrc();
-        case EDirPass::CrcWithSub: return a->GetCrcWithSubdirs() == b->GetCrcWithSubdirs();
-        case EDirPass::Crc: return a->GetCrc() == b->GetCrc();
+        case EDirPass::SizeWithSub:
+            return SizeWithSub(a) == SizeWithSub(b);
+        case EDirPass::Size:
+            return a->m_dFilesSize == b->m_dFilesSize;
+        case EDirPass::FileCount:
+            return a->m_aFiles.GetSize() == b->m_aFiles.GetSize();
+        case EDirPass::FileCountWithSub:
+            return a->GetTotalFiles() == b->GetTotalFiles();
+        case EDirPass::Name:
+            return a->GetNameCrc() == b->GetNameCrc();
+        case EDirPass::CrcWithSub:
+            return a->GetCrcWithSubdirs() == b->GetCrcWithSubdirs();
+        case EDirPass::Crc:
+            return a->GetCrc() == b->GetCrc();
     }
     return false;
 }
@@ -124,48 +130,10 @@ bool CDuplicateDirFinder::GroupDirsByKey(EDirPass ePass, std::vector<CDirectoryD
                                          std::vector<CDuplicateDirGroup>& aTarget, size_t nDone,
                                          size_t nTotal) {
     SortForPass(ePass, aSource);
-    for (CDirectoryData* pDir : aSource) pDir->m_uFlags &= ~DIR_IN_DUPLICATE_GROUP;
-    if (aSource.size() < 2) return true;
-
-    CPercentTracker tracker;
-    tracker.Update(double(nDone), double(nTotal));
-    CDuplicateDirGroup* pCurrent = nullptr;
-    CDirectoryData* pRepresentative = nullptr;
-    for (size_t i = 0; i + 1 < aSource.size(); ++i) {
-        CDirectoryData* a = aSource[i];
-        CDirectoryData* b = aSource[i + 1];
-        if (tracker.Update(double(nDone + i + 1), double(nTotal))) {
-            const std::u16string strText = m_strLabel + u" " +
-                                           Number(size_t(tracker.GetPercent())) + u"%, " +
-                                           Number(nDone + i + 1) + u" / " + Number(nTotal);
-            m_dialog.SetTextAndPercent(strText.c_str(), tracker.GetPercent());
-            if (m_dialog.IsStopped()) return false;
-        }
-        if (!PairEqual(ePass, a, b)) {
-            pCurrent = nullptr;
-            pRepresentative = nullptr;
-            continue;
-        }
-        if (pRepresentative) {
-            if (!PairEqual(ePass, a, pRepresentative)) {
-                aTarget.emplace_back();
-                pCurrent = &aTarget.back();
-                pRepresentative = a;
-            }
-        } else {
-            pRepresentative = a;
-        }
-        for (CDirectoryData* pDir : {a, b}) {
-            if (pDir->m_uFlags & DIR_IN_DUPLICATE_GROUP) continue;
-            if (!pCurrent) {
-                aTarget.emplace_back();
-                pCurrent = &aTarget.back();
-            }
-            pCurrent->push_back(pDir);
-            pDir->m_uFlags |= DIR_IN_DUPLICATE_GROUP;
-        }
-    }
-    return true;
+    return GroupSortedNeighbours(
+        aSource, aTarget, DIR_IN_DUPLICATE_GROUP,
+        [&](CDirectoryData* a, CDirectoryData* b) { return PairEqual(ePass, a, b); }, m_dialog,
+        m_strLabel, nDone, nTotal);
 }
 
 void CDuplicateDirFinder::RemoveNestedDuplicates() {

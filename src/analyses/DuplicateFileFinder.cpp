@@ -6,6 +6,7 @@
 #include "analyses/CrcServices.h"
 #include "analyses/DuplicateTrace.h"
 #include "analyses/FileComparison.h"
+#include "analyses/NeighbourGroups.h"
 #include "core/document/Document.h"
 #include "platform/Text.h"
 
@@ -15,14 +16,6 @@ namespace {
 using platform::U16;
 
 std::u16string Number(size_t n) { return U16(std::to_string(n)); }
-
-// "<label> <percent>%, <done> / <total>"; the quick checksum's text has a
-// slip in its format that shows as "5" where "%" belongs.
-std::u16string ProgressText(const std::u16string& strLabel, int nPercent, size_t nDone,
-                            size_t nTotal, bool bQuickSlip = false) {
-    return strLabel + u" " + Number(size_t(nPercent)) + (bQuickSlip ? u"5, " : u"%, ") +
-           Number(nDone) + u" / " + Number(nTotal);
-}
 
 size_t CountFiles(const std::vector<CDuplicateGroup>& aGroups) {
     size_t n = 0;
@@ -48,14 +41,12 @@ void SortForMethod(EPassMethod eMethod, std::vector<CFileData*>& aFiles) {
             });
             break;
         case EPassMethod::Name:
-            std::sort(aFiles.begin(), aFiles.end(), [](CFileData* a, CFileData* b) {
-                return a->GetNameCrc() < b->GetNameCrc();
-            });
+            std::sort(aFiles.begin(), aFiles.end(),
+                      [](CFileData* a, CFileData* b) { return a->GetNameCrc() < b->GetNameCrc(); });
             break;
         case EPassMethod::Mp3Crc:
-            std::sort(aFiles.begin(), aFiles.end(), [](CFileData* a, CFileData* b) {
-                return a->GetMp3Crc() > b->GetMp3Crc();
-            });
+            std::sort(aFiles.begin(), aFiles.end(),
+                      [](CFileData* a, CFileData* b) { return a->GetMp3Crc() > b->GetMp3Crc(); });
             break;
         case EPassMethod::QuickCrc:
             std::sort(aFiles.begin(), aFiles.end(), [](CFileData* a, CFileData* b) {
@@ -80,14 +71,18 @@ bool BothHave(const CFileData* a, const CFileData* b, uint32_t uBit) {
 // valid bit.
 bool PairEqual(EPassMethod eMethod, CFileData* a, CFileData* b) {
     switch (eMethod) {
-        case EPassMethod::Size: return a->m_dSize == b->m_dSize;
-        case EPassMethod::Name: return a->GetNameCrc() == b->GetNameCrc();
-        case EPassMethod::Mp3Crc: return a->GetMp3Crc() == b->GetMp3Crc();
+        case EPassMethod::Size:
+            return a->m_dSize == b->m_dSize;
+        case EPassMethod::Name:
+            return a->GetNameCrc() == b->GetNameCrc();
+        case EPassMethod::Mp3Crc:
+            return a->GetMp3Crc() == b->GetMp3Crc();
         case EPassMethod::QuickCrc:
             return BothHave(a, b, FILE_PARTIAL_CRC_VALID) && a->m_uQuickCrc == b->m_uQuickCrc;
         case EPassMethod::FullCrc:
             return BothHave(a, b, FILE_CRC_VALID) && a->m_uCrc == b->m_uCrc;
-        default: return false;
+        default:
+            return false;
     }
 }
 
@@ -96,9 +91,12 @@ size_t BatchThreshold(size_t nTotal) {
 }
 
 void RunPool(EPassMethod eMethod, const std::vector<CFileData*>& aBatch) {
-    if (eMethod == EPassMethod::FullCrc) ComputeCrcs(aBatch);
-    else if (eMethod == EPassMethod::Mp3Crc) ComputeMp3Crcs(aBatch);
-    else ComputeQuickCrcs(aBatch);
+    if (eMethod == EPassMethod::FullCrc)
+        ComputeCrcs(aBatch);
+    else if (eMethod == EPassMethod::Mp3Crc)
+        ComputeMp3Crcs(aBatch);
+    else
+        ComputeQuickCrcs(aBatch);
 }
 
 double SecondsSince(std::chrono::steady_clock::time_point start) {
@@ -144,10 +142,11 @@ bool CDuplicateFileFinder::RunPasses(const std::vector<EPassMethod>& aPasses,
                                      CDuplicateTrace& trace) {
     for (size_t p = 0; p < aPasses.size(); ++p) {
         const EPassMethod eMethod = aPasses[p];
-        trace.Write(eMethod == EPassMethod::ByteCompare
-                        ? std::u16string(u"Finding duplicates files based on: comparing byte by byte\n")
-                        : u"Finding duplicate files based on: " +
-                              std::u16string(PassTraceText(eMethod)) + u"\n");
+        trace.Write(
+            eMethod == EPassMethod::ByteCompare
+                ? std::u16string(u"Finding duplicates files based on: comparing byte by byte\n")
+                : u"Finding duplicate files based on: " + std::u16string(PassTraceText(eMethod)) +
+                      u"\n");
         trace.Flush();
         const auto start = std::chrono::steady_clock::now();
         // The second number is the pass count plus one, as it always was.
@@ -164,11 +163,20 @@ bool CDuplicateFileFinder::RunPasses(const std::vector<EPassMethod>& aPasses,
             switch (eMethod) {
                 case EPassMethod::Mp3Crc:
                 case EPassMethod::FullCrc:
-                case EPassMethod::QuickCrc: bGoOn = ComputeCrcsForGroups(eMethod); break;
-                case EPassMethod::ByteCompare: bGoOn = CompareGroupsByteByByte(); break;
-                case EPassMethod::SmallGroupsCrc: bGoOn = SettleSmallGroups(true); break;
-                case EPassMethod::SmallGroups: bGoOn = SettleSmallGroups(false); break;
-                default: break;
+                case EPassMethod::QuickCrc:
+                    bGoOn = ComputeCrcsForGroups(eMethod);
+                    break;
+                case EPassMethod::ByteCompare:
+                    bGoOn = CompareGroupsByteByByte();
+                    break;
+                case EPassMethod::SmallGroupsCrc:
+                    bGoOn = SettleSmallGroups(true);
+                    break;
+                case EPassMethod::SmallGroups:
+                    bGoOn = SettleSmallGroups(false);
+                    break;
+                default:
+                    break;
             }
             if (bGoOn && static_cast<int>(eMethod) < static_cast<int>(EPassMethod::ByteCompare))
                 bGoOn = Regroup(eMethod);
@@ -197,45 +205,10 @@ bool CDuplicateFileFinder::GroupByKey(EPassMethod eMethod, std::vector<CFileData
                                       std::vector<CDuplicateGroup>& aTarget, size_t nDone,
                                       size_t nTotal) {
     SortForMethod(eMethod, aSource);
-    for (CFileData* pFile : aSource) pFile->m_uFlags &= ~FILE_IN_DUPLICATE_GROUP;
-    if (aSource.size() < 2) return true;
-
-    CPercentTracker tracker;
-    tracker.Update(double(nDone), double(nTotal));
-    CDuplicateGroup* pCurrent = nullptr;
-    CFileData* pRepresentative = nullptr;
-    for (size_t i = 0; i + 1 < aSource.size(); ++i) {
-        CFileData* a = aSource[i];
-        CFileData* b = aSource[i + 1];
-        if (tracker.Update(double(nDone + i + 1), double(nTotal)) &&
-            !Report(ProgressText(m_strLabel, tracker.GetPercent(), nDone + i + 1, nTotal),
-                    tracker.GetPercent()))
-            return false;
-        if (!PairEqual(eMethod, a, b)) {
-            pCurrent = nullptr;
-            pRepresentative = nullptr;
-            continue;
-        }
-        if (pRepresentative) {
-            if (!PairEqual(eMethod, a, pRepresentative)) {
-                aTarget.emplace_back();
-                pCurrent = &aTarget.back();
-                pRepresentative = a;
-            }
-        } else {
-            pRepresentative = a;
-        }
-        for (CFileData* pFile : {a, b}) {
-            if (pFile->m_uFlags & FILE_IN_DUPLICATE_GROUP) continue;
-            if (!pCurrent) {
-                aTarget.emplace_back();
-                pCurrent = &aTarget.back();
-            }
-            pCurrent->push_back(pFile);
-            pFile->m_uFlags |= FILE_IN_DUPLICATE_GROUP;
-        }
-    }
-    return true;
+    return GroupSortedNeighbours(
+        aSource, aTarget, FILE_IN_DUPLICATE_GROUP,
+        [&](CFileData* a, CFileData* b) { return PairEqual(eMethod, a, b); }, m_dialog, m_strLabel,
+        nDone, nTotal);
 }
 
 bool CDuplicateFileFinder::ComputeCrcsForGroups(EPassMethod eMethod) {
@@ -258,7 +231,8 @@ bool CDuplicateFileFinder::ComputeCrcsForGroups(EPassMethod eMethod) {
         nCount += group.size();
         nSinceReport += group.size();
         const bool bPercent = tracker.Update(double(nCount), double(nTotal));
-        const bool bCount = eMethod == EPassMethod::Mp3Crc ? nCount % 100 == 0 : nSinceReport >= 100;
+        const bool bCount =
+            eMethod == EPassMethod::Mp3Crc ? nCount % 100 == 0 : nSinceReport >= 100;
         if (bPercent || bCount) {
             nSinceReport = 0;
             if (!Report(ProgressText(m_strLabel, tracker.GetPercent(), nCount, nTotal, bQuick),
@@ -348,15 +322,16 @@ bool CDuplicateFileFinder::SettleSmallGroups(bool bWithCrc) {
                 }
                 continue;
             }
-            if (BothHave(a, b, FILE_PARTIAL_CRC_VALID) && a->m_uQuickCrc != b->m_uQuickCrc) continue;
+            if (BothHave(a, b, FILE_PARTIAL_CRC_VALID) && a->m_uQuickCrc != b->m_uQuickCrc)
+                continue;
             if (BothHave(a, b, FILE_CRC_VALID) && a->m_uCrc != b->m_uCrc) continue;
             if (!CompareTwoFiles(a->GetFullPath(), b->GetFullPath(), dSize).m_bDifferent)
                 m_aConfirmedGroups.push_back(std::move(group));
             continue;
         }
 
-        if (bWithCrc && ((group[0]->m_uFlags | group[1]->m_uFlags | group[2]->m_uFlags) &
-                         FILE_CRC_VALID)) {
+        if (bWithCrc &&
+            ((group[0]->m_uFlags | group[1]->m_uFlags | group[2]->m_uFlags) & FILE_CRC_VALID)) {
             aOpen.push_back(std::move(group));
             continue;
         }
@@ -413,7 +388,8 @@ bool CDuplicateFileFinder::CompareGroupsByteByByte() {
                 group.erase(group.begin() + static_cast<std::ptrdiff_t>(k));
             }
         }
-        for (CDuplicateGroup& subgroup : aSubgroups) m_aConfirmedGroups.push_back(std::move(subgroup));
+        for (CDuplicateGroup& subgroup : aSubgroups)
+            m_aConfirmedGroups.push_back(std::move(subgroup));
         nCount += nGroupSize;
         const bool bPercent = tracker.Update(double(nCount), double(nTotal));
         if ((bPercent || nCount % 100 == 0) &&
@@ -447,9 +423,8 @@ void CDuplicateFileFinder::KeepOnlyDuplicates() {
     // A file that fell out in a byte or small-group stage keeps its bit: the
     // bit is only set and cleared by the grouping.
     std::vector<CFileData*>& aAll = m_doc.m_scan.m_aAllFiles.Items();
-    std::erase_if(m_doc.m_results.m_aLargestFiles, [](const CFileData* p) {
-        return !(p->m_uFlags & FILE_IN_DUPLICATE_GROUP);
-    });
+    std::erase_if(m_doc.m_results.m_aLargestFiles,
+                  [](const CFileData* p) { return !(p->m_uFlags & FILE_IN_DUPLICATE_GROUP); });
     std::vector<CFileData*> aKept;
     aKept.reserve(aAll.size());
     for (CFileData* pFile : aAll) {

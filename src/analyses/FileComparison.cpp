@@ -9,6 +9,7 @@
 #include "core/records/Crc32.h"
 #include "core/records/FileData.h"
 #include "platform/FileSystem.h"
+#include "platform/ReadFull.h"
 
 namespace zv {
 namespace {
@@ -22,18 +23,6 @@ unsigned char* Block(int nIndex) {
     thread_local std::unique_ptr<unsigned char[]> s_aBlocks[3];
     if (!s_aBlocks[nIndex]) s_aBlocks[nIndex].reset(new unsigned char[kBlock]);
     return s_aBlocks[nIndex].get();
-}
-
-// Reads until the block is full or the file ends; -1 on a read error.
-int64_t ReadFull(platform::CFileReader& reader, unsigned char* pData, size_t uWant) {
-    size_t uDone = 0;
-    while (uDone < uWant) {
-        const int64_t n = reader.Read(pData + uDone, uWant - uDone);
-        if (n < 0) return -1;
-        if (n == 0) break;
-        uDone += static_cast<size_t>(n);
-    }
-    return static_cast<int64_t>(uDone);
 }
 
 CPairComparison ComparePair(const std::u16string& strA, const std::u16string& strB, double dSize,
@@ -55,8 +44,8 @@ CPairComparison ComparePair(const std::u16string& strA, const std::u16string& st
     uint32_t uRegister = Crc32Init();
     bool bFed = false;
     for (;;) {
-        const int64_t nA = ReadFull(aReaders[0], pA, kBlock);
-        const int64_t nB = ReadFull(aReaders[1], pB, kBlock);
+        const int64_t nA = platform::ReadFull(aReaders[0], pA, kBlock);
+        const int64_t nB = platform::ReadFull(aReaders[1], pB, kBlock);
         if (nA < 0 || nB < 0) {
             result.m_bError[0] = nA < 0;
             result.m_bError[1] = nB < 0;
@@ -105,7 +94,7 @@ CTripleComparison CompareTriple(const std::u16string* aPaths, double dSize, bool
         int64_t aRead[3] = {0, 0, 0};
         for (int i = 0; i < 3; ++i) {
             if (!aAlive[i]) continue;
-            aRead[i] = ReadFull(aReaders[i], aBlocks[i], kBlock);
+            aRead[i] = platform::ReadFull(aReaders[i], aBlocks[i], kBlock);
             if (aRead[i] < 0) {
                 result.m_bError[i] = true;
                 aAlive[i] = false;
@@ -180,7 +169,7 @@ bool ReadHead(const CFileData& file, const CCompareBuffer& buffer) {
     if (!reader.Open(file.GetFullPath())) return false;
     const size_t uWant = static_cast<size_t>(std::min<double>(file.m_dSize, double(buffer.Size())));
     // A file shorter than the scan saw has changed since: it counts as unreadable.
-    return ReadFull(reader, buffer.Data(), uWant) == static_cast<int64_t>(uWant);
+    return platform::ReadFull(reader, buffer.Data(), uWant) == static_cast<int64_t>(uWant);
 }
 
 bool FilesEqual(const CFileData& a, const CFileData& b, const CCompareBuffer& buffer) {
@@ -195,7 +184,7 @@ bool FilesEqual(const CFileData& a, const CFileData& b, const CCompareBuffer& bu
     uint64_t uPosition = 0;
     while (uPosition < uInBuffer) {
         const size_t uWant = std::min<size_t>(kBlock, uInBuffer - uPosition);
-        const int64_t n = ReadFull(readerB, pB, uWant);
+        const int64_t n = platform::ReadFull(readerB, pB, uWant);
         // A file that ends before its recorded size has changed: not equal.
         if (n != static_cast<int64_t>(uWant)) return false;
         if (std::memcmp(buffer.Data() + uPosition, pB, uWant) != 0) return false;
@@ -207,8 +196,8 @@ bool FilesEqual(const CFileData& a, const CFileData& b, const CCompareBuffer& bu
     if (!readerA.Open(a.GetFullPath()) || !readerA.Seek(uPosition)) return false;
     unsigned char* pA = Block(0);
     for (;;) {
-        const int64_t nA = ReadFull(readerA, pA, kBlock);
-        const int64_t nB = ReadFull(readerB, pB, kBlock);
+        const int64_t nA = platform::ReadFull(readerA, pA, kBlock);
+        const int64_t nB = platform::ReadFull(readerB, pB, kBlock);
         if (nA < 0 || nB < 0 || nA != nB) return false;
         if (nA == 0) return true;
         if (std::memcmp(pA, pB, static_cast<size_t>(nA)) != 0) return false;

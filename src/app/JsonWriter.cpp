@@ -3,6 +3,8 @@
 #include <cstdio>
 #include <nlohmann/json.hpp>
 
+#include "platform/Utf8.h"
+
 namespace zv {
 namespace {
 
@@ -10,24 +12,6 @@ void AppendEscape(std::string& strOut, unsigned uCode) {
     char szEscape[8];
     std::snprintf(szEscape, sizeof szEscape, "\\u%04x", uCode);
     strOut += szEscape;
-}
-
-void AppendUtf8(std::string& strOut, char32_t uCode) {
-    if (uCode < 0x80) {
-        strOut += char(uCode);
-    } else if (uCode < 0x800) {
-        strOut += char(0xC0 | (uCode >> 6));
-        strOut += char(0x80 | (uCode & 0x3F));
-    } else if (uCode < 0x10000) {
-        strOut += char(0xE0 | (uCode >> 12));
-        strOut += char(0x80 | ((uCode >> 6) & 0x3F));
-        strOut += char(0x80 | (uCode & 0x3F));
-    } else {
-        strOut += char(0xF0 | (uCode >> 18));
-        strOut += char(0x80 | ((uCode >> 12) & 0x3F));
-        strOut += char(0x80 | ((uCode >> 6) & 0x3F));
-        strOut += char(0x80 | (uCode & 0x3F));
-    }
 }
 
 bool IsHighSurrogate(char16_t ch) { return ch >= 0xD800 && ch <= 0xDBFF; }
@@ -41,8 +25,8 @@ std::string JsonString(std::u16string_view strText) {
     for (size_t i = 0; i < strText.size(); ++i) {
         const char16_t ch = strText[i];
         if (IsHighSurrogate(ch) && i + 1 < strText.size() && IsLowSurrogate(strText[i + 1])) {
-            AppendUtf8(strOut,
-                       0x10000 + ((char32_t(ch) - 0xD800) << 10) + (strText[i + 1] - 0xDC00));
+            platform::AppendUtf8(
+                strOut, 0x10000 + ((char32_t(ch) - 0xD800) << 10) + (strText[i + 1] - 0xDC00));
             ++i;
         } else if (IsHighSurrogate(ch) || IsLowSurrogate(ch)) {
             AppendEscape(strOut, ch);
@@ -59,7 +43,7 @@ std::string JsonString(std::u16string_view strText) {
         } else if (ch < 0x20) {
             AppendEscape(strOut, ch);
         } else {
-            AppendUtf8(strOut, ch);
+            platform::AppendUtf8(strOut, ch);
         }
     }
     strOut += '"';
@@ -73,7 +57,7 @@ void CJsonWriter::BeforeValue() {
         m_strText.append(2 * m_aLevels.size(), ' ');
     }
     if (m_bHasKey) {
-        m_strText += JsonString(std::u16string(m_strKey.begin(), m_strKey.end()));
+        m_strText += m_strKey;
         m_strText += ": ";
         m_bHasKey = false;
     }
@@ -102,7 +86,11 @@ void CJsonWriter::BeginArray() { Open('['); }
 void CJsonWriter::EndArray() { Close(']'); }
 
 CJsonWriter& CJsonWriter::Key(std::string_view strName) {
-    m_strKey = strName;  // ASCII key names
+    return Key(std::u16string(strName.begin(), strName.end()));  // ASCII key names
+}
+
+CJsonWriter& CJsonWriter::Key(std::u16string_view strName) {
+    m_strKey = JsonString(strName);
     m_bHasKey = true;
     return *this;
 }

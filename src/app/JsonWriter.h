@@ -25,6 +25,8 @@ public:
     void EndArray();
     // The name of the next value inside an object.
     CJsonWriter& Key(std::string_view strName);
+    // A name that is text of its own (a field label), written like a string value.
+    CJsonWriter& Key(std::u16string_view strName);
     void String(std::u16string_view strText);
     void Number(uint64_t uValue);
     void Number(double dValue);
@@ -43,7 +45,7 @@ private:
     };
     std::string m_strText;
     std::vector<CLevel> m_aLevels;
-    std::string m_strKey;
+    std::string m_strKey;  // already quoted
     bool m_bHasKey = false;
 };
 

@@ -2,40 +2,38 @@
 
 #include <cstdio>
 
+#include "app/CheckedOutput.h"
+#include "app/ExitStatus.h"
 #include "app/JsonWriter.h"
 #include "app/ProgramServices.h"
+#include "app/SettingsCommand.h"
 #include "core/document/Document.h"
 #include "core/records/FileData.h"
-#include "core/settings/DocumentStartup.h"
 #include "metadata/MetadataFields.h"
 #include "platform/Console.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 
 namespace zv {
-namespace {
-
-void Write(const std::string& strText) { std::fwrite(strText.data(), 1, strText.size(), stdout); }
-
-}  // namespace
 
 int RunMetaCommand(const std::vector<std::string>& aUtf8Paths, bool bJson) {
     platform::PrepareConsoleProcess();
     CProgramServices services;
     CWZorvaneDoc doc;
     SetMainDocument(&doc);
-    OpenMainDocument(doc, u"");
-    BuildMetadataTables(doc);
+    OpenDocumentWithSettings(doc, "");
 
-    int nStatus = 0;
+    CCheckedOutput out;
+    CJsonWriter json;
+    bool bUnread = false;
     bool bFirst = true;
-    if (bJson) Write("[");
+    if (bJson) json.BeginArray();
     for (const std::string& strUtf8Path : aUtf8Paths) {
         const std::u16string strPath = platform::Utf8ToUtf16(strUtf8Path);
         platform::CFileReader reader;
         if (!reader.Open(strPath, false)) {
             std::fprintf(stderr, "zorvane-cli: cannot open %s\n", strUtf8Path.c_str());
-            nStatus = 1;
+            bUnread = true;
             continue;
         }
         reader.Close();
@@ -48,26 +46,28 @@ int RunMetaCommand(const std::vector<std::string>& aUtf8Paths, bool bJson) {
         aValues.insert(aValues.end(), aMedia.begin(), aMedia.end());
 
         if (bJson) {
-            Write(std::string(bFirst ? "\n" : ",\n") + "  {\n    \"path\": " + JsonString(strPath) +
-                  ",\n    \"fields\": {");
-            bool bFirstField = true;
-            for (const MetadataValue& value : aValues) {
-                Write(std::string(bFirstField ? "\n" : ",\n") + "      " +
-                      JsonString(value.m_pDef->m_strLabel) + ": " + JsonString(value.m_strValue));
-                bFirstField = false;
-            }
-            Write(bFirstField ? "}\n  }" : "\n    }\n  }");
-        } else {
-            if (!bFirst) Write("\n");
+            json.BeginObject();
+            json.Key("path").String(strPath);
+            json.Key("fields").BeginObject();
             for (const MetadataValue& value : aValues)
-                Write(platform::Utf16ToUtf8(value.m_pDef->m_strLabel) + ": " +
-                      platform::Utf16ToUtf8(value.m_strValue) + "\n");
+                json.Key(value.m_pDef->m_strLabel).String(value.m_strValue);
+            json.EndObject();
+            json.EndObject();
+        } else {
+            if (!bFirst) out.Write("\n");
+            for (const MetadataValue& value : aValues)
+                out.Write(platform::Utf16ToUtf8(value.m_pDef->m_strLabel) + ": " +
+                          platform::Utf16ToUtf8(value.m_strValue) + "\n");
         }
         bFirst = false;
     }
-    if (bJson) Write(bFirst ? "]\n" : "\n]\n");
+    if (bJson) {
+        json.EndArray();
+        out.Write(json.Text());
+    }
+    const bool bWritten = out.Finish();
     SetMainDocument(nullptr);
-    return nStatus;
+    return ExitStatusOf(false, bUnread || !bWritten);
 }
 
 }  // namespace zv

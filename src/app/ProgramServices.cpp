@@ -10,6 +10,9 @@ namespace zv {
 // metadata readers.
 class CProgramRecordServices : public CCrcRecordServices {
 public:
+    bool PassesVersionFilter(const CFileData& file) override {
+        return zv::PassesVersionFilter(file);
+    }
     bool ReadHasVersionInfo(const CFileData& file) override { return ProbeVersionMetadata(file); }
     bool ReadHasMediaInfo(const CFileData& file) override { return ProbeFileMetadata(file); }
     std::u16string ReadVersionText(const CFileData& file) override {

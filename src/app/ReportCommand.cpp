@@ -2,10 +2,11 @@
 
 #include <CLI/CLI.hpp>
 #include <cstdio>
-#include <cstring>
 #include <map>
 
+#include "app/CheckedOutput.h"
 #include "app/CommandScan.h"
+#include "app/ExitStatus.h"
 #include "platform/Console.h"
 #include "platform/FileContents.h"
 #include "platform/FileSystem.h"
@@ -17,45 +18,24 @@
 namespace zv {
 namespace {
 
-constexpr int kWriteFailed = 1;
-constexpr int kUsageError = 2;
-constexpr int kInterrupted = 130;
-
-// Standard output or a file, with every write, the flush and the close
-// checked: a full disk must not leave a cut report that looks whole.
+// The report's sink: standard output or the -o file, with every write, the
+// flush and the close checked, so that a full disk cannot leave a cut report
+// that looks whole.
 class CCheckedFileSink : public IReportSink {
 public:
     CCheckedFileSink(std::FILE* pFile, std::string strName, bool bOwned)
-        : m_pFile(pFile), m_strName(std::move(strName)), m_bOwned(bOwned) {}
-    ~CCheckedFileSink() override {
-        if (m_bOwned && m_pFile) std::fclose(m_pFile);
-    }
+        : m_out(pFile, std::move(strName), bOwned) {}
 
     bool Write(const char* pData, size_t nSize) override {
-        return Check(std::fwrite(pData, 1, nSize, m_pFile) == nSize);
+        return m_out.Write(std::string_view(pData, nSize));
     }
-    bool Flush() override { return Check(std::fflush(m_pFile) == 0); }
-    bool Close() {
-        if (!m_bOwned) return true;
-        std::FILE* pFile = m_pFile;
-        m_pFile = nullptr;
-        return Check(std::fclose(pFile) == 0);
-    }
+    bool Flush() override { return m_out.Flush(); }
+    bool Close() { return m_out.Close(); }
     // The message of the first failure.
-    const std::string& Error() const { return m_strError; }
+    std::string Error() const { return m_out.Error(); }
 
 private:
-    bool Check(bool bOk) {
-        if (!bOk && m_strError.empty())
-            m_strError =
-                "zorvane-cli report: cannot write " + m_strName + ": " + std::strerror(errno);
-        return bOk;
-    }
-
-    std::FILE* m_pFile;
-    std::string m_strName;
-    bool m_bOwned;
-    std::string m_strError;
+    CCheckedOutput m_out;
 };
 
 std::u16string WithoutTrailingSeparator(std::u16string strPath) {
@@ -119,7 +99,7 @@ int RunReportCommand(const CReportCommandOptions& options) {
     ApplyPrintFlags(doc);
     if (options.m_bAnsi) doc.m_print.m_aFlags[SaveAsUnicode] = 0;
     command.Scan();
-    if (doc.m_bStopRequested) return kInterrupted;
+    if (doc.m_bStopRequested) return kExitInterrupted;
 
     CDirectoryData* pCurrent = nullptr;
     if (!options.m_strCurrent.empty()) {
@@ -127,7 +107,7 @@ int RunReportCommand(const CReportCommandOptions& options) {
         if (!pCurrent) {
             std::fprintf(stderr, "zorvane-cli report: not a scanned directory: %s\n",
                          options.m_strCurrent.c_str());
-            return kUsageError;
+            return kExitUsage;
         }
     }
     const EReportScope eScope = !pCurrent                ? ReportAllDirectories
@@ -141,7 +121,7 @@ int RunReportCommand(const CReportCommandOptions& options) {
         if (!pFile) {
             std::fprintf(stderr, "Cannot open the file %s\n%s\n", options.m_strOutput.c_str(),
                          strError.c_str());
-            return kWriteFailed;
+            return kExitIncomplete;
         }
     } else {
         platform::SetStdoutBinary();
@@ -160,14 +140,14 @@ int RunReportCommand(const CReportCommandOptions& options) {
     bWritten = sink.Close() && bWritten;
     command.Host().ClearLine();
     if (!bWritten) {
-        std::fprintf(stderr, "%s\n", sink.Error().c_str());
-        return kWriteFailed;
+        std::fprintf(stderr, "zorvane-cli report: %s\n", sink.Error().c_str());
+        return kExitIncomplete;
     }
     if (!bComplete) {
         std::fprintf(stderr, "zorvane-cli report: interrupted; the report is incomplete\n");
-        return kInterrupted;
+        return kExitInterrupted;
     }
-    return 0;
+    return kExitOk;
 }
 
 }  // namespace zv

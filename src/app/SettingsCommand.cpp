@@ -6,6 +6,7 @@
 #include "core/document/Document.h"
 #include "core/settings/DocumentStartup.h"
 #include "core/settings/SettingsFile.h"
+#include "metadata/MetadataFields.h"
 #include "platform/Text.h"
 
 namespace zv {
@@ -13,6 +14,8 @@ namespace zv {
 bool OpenDocumentWithSettings(CWZorvaneDoc& doc, const std::string& strSettingsFile) {
     const std::u16string strPath = platform::Utf8ToUtf16(strSettingsFile);
     OpenMainDocument(doc, strPath);
+    // The metadata field tables belong to the new document: built here, once.
+    BuildMetadataTables(doc);
     if (strPath.empty() || doc.m_bSettingsLoaded) return true;
     Host().ShowMessage(u"Cannot open file: " + strPath);
     return false;

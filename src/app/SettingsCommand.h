@@ -9,8 +9,8 @@ namespace zv {
 class CWZorvaneDoc;
 
 // Opens the main document as the program does, with the settings file when
-// one is named (UTF-8). Unlike the desktop program, which ignores a missing
-// file in silence, this says "Cannot open file: " and the path and returns
+// one is named (UTF-8), and builds the metadata field tables from it. Unlike the desktop program,
+// which ignores a missing file in silence, this says "Cannot open file: " and the path and returns
 // false.
 bool OpenDocumentWithSettings(CWZorvaneDoc& doc, const std::string& strSettingsFile);
 

@@ -9,23 +9,13 @@
 #include "core/records/RecordPath.h"
 #include "core/records/RecordServices.h"
 #include "core/scan/ScanHooks.h"
+#include "platform/ReadFull.h"
 #include "platform/Text.h"
 
 namespace zv {
 namespace {
 
 constexpr size_t kBlock = 4096;
-
-int64_t ReadFull(platform::CFileReader& reader, unsigned char* pData, size_t uWant) {
-    size_t uDone = 0;
-    while (uDone < uWant) {
-        const int64_t n = reader.Read(pData + uDone, uWant - uDone);
-        if (n < 0) return -1;
-        if (n == 0) break;
-        uDone += static_cast<size_t>(n);
-    }
-    return static_cast<int64_t>(uDone);
-}
 
 // The name part of a filter record: a record of the duplicate files list
 // has the whole path as its name.
@@ -44,7 +34,7 @@ bool CompareFiles(platform::CFileReader& candidate, const unsigned char* pBuffer
     unsigned char aFilter[kBlock];
     for (size_t uDone = 0; uDone < uBufferBytes;) {
         const size_t uWant = std::min(kBlock, uBufferBytes - uDone);
-        if (ReadFull(filter, aFilter, uWant) != int64_t(uWant) ||
+        if (platform::ReadFull(filter, aFilter, uWant) != int64_t(uWant) ||
             std::memcmp(aFilter, pBuffer + uDone, uWant) != 0)
             return false;
         uDone += uWant;
@@ -55,8 +45,8 @@ bool CompareFiles(platform::CFileReader& candidate, const unsigned char* pBuffer
     unsigned char aCandidate[kBlock];
     while (dLeft > 0) {
         const size_t uWant = static_cast<size_t>(std::min(double(kBlock), dLeft));
-        if (ReadFull(filter, aFilter, uWant) != int64_t(uWant) ||
-            ReadFull(candidate, aCandidate, uWant) != int64_t(uWant) ||
+        if (platform::ReadFull(filter, aFilter, uWant) != int64_t(uWant) ||
+            platform::ReadFull(candidate, aCandidate, uWant) != int64_t(uWant) ||
             std::memcmp(aFilter, aCandidate, uWant) != 0)
             return false;
         dLeft -= double(uWant);
@@ -168,7 +158,8 @@ CDuplicateFilter::EResult CDuplicateFilter::Test(CCandidateState& state, CFileDa
         if (!state.bMp3Known) {
             state.bMp3Known = true;
             if (dSize != 0)
-                state.uMp3Crc = RecordServices().Crc32OfFileWithoutTags(state.strPath, state.bMp3Failed);
+                state.uMp3Crc =
+                    RecordServices().Crc32OfFileWithoutTags(state.strPath, state.bMp3Failed);
         }
         if (state.bMp3Failed) return EResult::Stop;
         if (filterFile.GetMp3Crc() != state.uMp3Crc) return EResult::Fail;
@@ -187,8 +178,8 @@ CDuplicateFilter::EResult CDuplicateFilter::Test(CCandidateState& state, CFileDa
             state.bOpenFailed = true;
         } else {
             state.uHeadBytes = static_cast<size_t>(std::min(dSize, double(m_uBufferSize)));
-            state.bHeadFailed = !m_pBuffer || ReadFull(state.reader, m_pBuffer.get(),
-                                                       state.uHeadBytes) < 0;
+            state.bHeadFailed = !m_pBuffer || platform::ReadFull(state.reader, m_pBuffer.get(),
+                                                                 state.uHeadBytes) < 0;
         }
     }
     if (state.bOpenFailed) return EResult::Stop;

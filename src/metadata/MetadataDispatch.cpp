@@ -33,14 +33,6 @@ bool AnyPatternMatches(const std::vector<CFilterEntry>& aList, std::u16string_vi
     return false;
 }
 
-// Whether the version name list lets the file be asked.
-bool PassesVersionFilter(const CFileData& file) {
-    const CWZorvaneDoc* pDoc = GetMainDocument();
-    if (!pDoc || pDoc->m_options.m_bAllVersionFiles) return true;
-    const std::vector<CFilterEntry>& aList = pDoc->m_filters.List(FilterVersionFiles);
-    return aList.empty() || AnyPatternMatches(aList, file.m_strName.View());
-}
-
 void SetFlag(CFileData& file, uint32_t uFlag, bool bOn) {
     if (bOn)
         file.m_uFlags |= uFlag;
@@ -107,6 +99,13 @@ bool ReadVersionMetadata(CFileData& file, MetadataValueList& aValues) {
     const bool bHas = ReadVersionResource(file.GetFullPath(), aValues);
     SetFlag(file, FILE_HAS_VERSION, bHas);
     return bHas;
+}
+
+bool PassesVersionFilter(const CFileData& file) {
+    const CWZorvaneDoc* pDoc = GetMainDocument();
+    if (!pDoc || pDoc->m_options.m_bAllVersionFiles) return true;
+    const std::vector<CFilterEntry>& aList = pDoc->m_filters.List(FilterVersionFiles);
+    return aList.empty() || AnyPatternMatches(aList, file.m_strName.View());
 }
 
 bool ProbeVersionMetadata(const CFileData& file) {

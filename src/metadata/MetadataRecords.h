@@ -20,6 +20,8 @@ bool ReadMetadataOfPath(std::u16string_view strPath, std::u16string_view strName
 // Whether the dispatch finds values, without touching the status bits
 // (CFileData::HasMediaInfo keeps them).
 bool ProbeFileMetadata(const CFileData& file);
+// Whether the version name list (or the version-force flag) lets the file be asked.
+bool PassesVersionFilter(const CFileData& file);
 // Whether the file passes the version name list and has a version block.
 bool ProbeVersionMetadata(const CFileData& file);
 // "VER Version" of the file; empty without one.

@@ -2,6 +2,8 @@
 
 #include <cstdint>
 
+#include "platform/Utf8.h"
+
 namespace zv::platform {
 
 namespace {
@@ -43,6 +45,8 @@ size_t ValidSequenceLength(std::string_view s, size_t i) {
     return nLength;
 }
 
+}  // namespace
+
 void AppendUtf8(std::string& out, uint32_t cp) {
     if (cp < 0x80) {
         out += char(cp);
@@ -60,8 +64,6 @@ void AppendUtf8(std::string& out, uint32_t cp) {
         out += char(0x80 | (cp & 0x3F));
     }
 }
-
-}  // namespace
 
 void Utf8ToUtf16(std::string_view utf8, std::u16string& out) {
     // UTF-16 never takes more code units than UTF-8 takes bytes.

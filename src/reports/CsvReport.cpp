@@ -1,6 +1,7 @@
 #include "reports/CsvReport.h"
 
 #include "platform/FileSystem.h"
+#include "reports/DirTotals.h"
 #include "reports/ReportContext.h"
 #include "reports/ReportProgress.h"
 #include "reports/ReportStream.h"
@@ -113,30 +114,9 @@ void WriteDirectoryBlockCsv(CReportContext& ctx, CDirectoryData& dir) {
         if (dir.m_uFlags & DIR_PROTECTED) out << "Protected\n";
         if (dir.m_uAttributes & ATTR_ENCRYPTED) out << "Encrypted\n";
         if (ctx.Flag(PrintDirTotals)) {
-            out << "\"" << DecimalText(int64_t(dir.m_aFiles.GetSize())) << " files\",\" "
-                << DecimalText(int64_t(dir.m_aChildren.GetSize())) << " directories\"\n";
-            out << "\"" << DecimalText(dir.GetTotalFiles()) << " files in all subdirectories\",\" "
-                << DecimalText(dir.GetTotalDirs()) << " directories in all subdirectories\"\n";
-            out << "\"" << ctx.SizeWithUnits(dir.m_dFilesSize) << "\"\n";
-            out << "\"" << ctx.SizeWithUnits(dir.m_dFilesActual, u" actual") << "\"\n";
-            out << "\"" << ctx.SizeWithUnits(dir.GetSizeWithSubdirs())
-                << " including all subdirectories\"\n";
-            out << "\"" << ctx.SizeWithUnits(dir.GetActualWithSubdirs(), u" actual")
-                << " including all subdirectories\"\n";
-            if (ctx.Flag(PrintCrc)) {
-                if (ctx.Hex())
-                    out << "\"CRC 0x" << HexDigits(dir.GetCrc()) << "\"\n";
-                else
-                    out << "\"CRC " << DecimalText(dir.GetCrc()) << "\"\n";
-            }
-            if (ctx.Flag(PrintCrcSubdirs)) {
-                if (ctx.Hex())
-                    out << "\"CRC including all subdirectories 0x"
-                        << HexDigits(dir.GetCrcWithSubdirs()) << "\"\n";
-                else
-                    out << "\"CRC including all subdirectrories "
-                        << DecimalText(dir.GetCrcWithSubdirs()) << "\"\n";
-            }
+            const CTotalsLineForm form = {"\"", "\",\" ", "\"\n"};
+            WriteDirTotals(ctx, dir, form);
+            WriteDirCrcTotals(ctx, dir, form);
             out << "\n";
         }
     }

@@ -4,6 +4,7 @@
 
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
+#include "reports/DirTotals.h"
 #include "reports/ReportContext.h"
 #include "reports/ReportProgress.h"
 #include "reports/ReportStream.h"
@@ -168,30 +169,9 @@ void WriteDirectoryBlockHtml(CReportContext& ctx, CDirectoryData& dir) {
         if (dir.m_uFlags & DIR_PROTECTED) out << "Protected<br>\n";
         if (dir.m_uAttributes & ATTR_ENCRYPTED) out << "Encrypted<br>\n";
         if (ctx.Flag(PrintDirTotals)) {
-            out << DecimalText(int64_t(dir.m_aFiles.GetSize())) << " files, "
-                << DecimalText(int64_t(dir.m_aChildren.GetSize())) << " directories<br>\n";
-            out << DecimalText(dir.GetTotalFiles()) << " files in all subdirectories, "
-                << DecimalText(dir.GetTotalDirs()) << " directories in all subdirectories<br>\n";
-            out << ctx.SizeWithUnits(dir.m_dFilesSize) << "<br>\n";
-            out << ctx.SizeWithUnits(dir.m_dFilesActual, u" actual") << "<br>\n";
-            out << ctx.SizeWithUnits(dir.GetSizeWithSubdirs())
-                << " including all subdirectories<br>\n";
-            out << ctx.SizeWithUnits(dir.GetActualWithSubdirs(), u" actual")
-                << " including all subdirectories<br>\n";
-            if (ctx.Flag(PrintCrc)) {
-                if (ctx.Hex())
-                    out << "CRC 0x" << HexDigits(dir.GetCrc()) << "<br>\n";
-                else
-                    out << "CRC " << DecimalText(dir.GetCrc()) << "<br>\n";
-            }
-            if (ctx.Flag(PrintCrcSubdirs)) {
-                if (ctx.Hex())
-                    out << "CRC including all subdirectories 0x"
-                        << HexDigits(dir.GetCrcWithSubdirs()) << "<br>\n";
-                else
-                    out << "CRC including all subdirectrories "
-                        << DecimalText(dir.GetCrcWithSubdirs()) << "<br>\n";
-            }
+            const CTotalsLineForm form = {"", ", ", "<br>\n"};
+            WriteDirTotals(ctx, dir, form);
+            WriteDirCrcTotals(ctx, dir, form);
             out << "</table><p></p>\n";
         }
     }

@@ -1,6 +1,7 @@
 #include "reports/TextReport.h"
 
 #include "platform/FileSystem.h"
+#include "reports/DirTotals.h"
 #include "reports/ReportContext.h"
 #include "reports/ReportProgress.h"
 #include "reports/ReportStream.h"
@@ -125,15 +126,7 @@ void WriteDirectoryBlockText(CReportContext& ctx, CDirectoryData& dir) {
         if (dir.m_uFlags & DIR_PROTECTED) out << "Protected\n";
         if (dir.m_uAttributes & ATTR_ENCRYPTED) out << "Encrypted\n";
         if (ctx.Flag(PrintDirTotals)) {
-            out << DecimalText(int64_t(dir.m_aFiles.GetSize())) << " files, "
-                << DecimalText(int64_t(dir.m_aChildren.GetSize())) << " directories\n";
-            out << DecimalText(dir.GetTotalFiles()) << " files in all subdirectories, "
-                << DecimalText(dir.GetTotalDirs()) << " directories in all subdirectories\n";
-            out << ctx.SizeWithUnits(dir.m_dFilesSize) << "\n";
-            out << ctx.SizeWithUnits(dir.m_dFilesActual, u" actual") << "\n";
-            out << ctx.SizeWithUnits(dir.GetSizeWithSubdirs()) << " including all subdirectories\n";
-            out << ctx.SizeWithUnits(dir.GetActualWithSubdirs(), u" actual")
-                << " including all subdirectories\n";
+            WriteDirTotals(ctx, dir, {"", ", ", "\n"});
             WriteDirCrcLines(ctx, dir);
             if (ctx.Flag(PrintOwner)) out << "Owner: " << dir.GetOwner() << "\n";
         }

@@ -7,6 +7,7 @@
 
 #include "core/document/Document.h"
 #include "core/document/SizeText.h"
+#include "metadata/MetadataText.h"
 #include "platform/DateLocale.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
@@ -78,16 +79,7 @@ void UseDateLocale(bool bUse) { s_bUseLocale = bUse; }
 
 std::u16string FormatSystemTime(const SYSTEMTIME& st, bool bWithTime) {
     if (const auto& locale = DateLocale()) return LocaleDateTime(*locale, st, bWithTime);
-    char szText[64];
-    if (!bWithTime) {
-        std::snprintf(szText, sizeof szText, "%02u/%02u/%04u", st.wMonth, st.wDay, st.wYear);
-    } else {
-        const unsigned nHour = st.wHour % 12 == 0 ? 12 : st.wHour % 12;
-        std::snprintf(szText, sizeof szText, "%02u/%02u/%04u %02u:%02u:%02u: %s", st.wMonth,
-                      st.wDay, st.wYear, nHour, st.wMinute, st.wSecond,
-                      st.wHour < 12 ? "AM" : "PM");
-    }
-    return platform::U16(szText);
+    return SystemTimeText(st, bWithTime);
 }
 
 std::u16string FormatReportDate(FILETIME ftDate, bool bWithTime) {

@@ -29,10 +29,11 @@ TEST(JsonWriterTest, PrettyPrintsNestedValues) {
     json.EndArray();
     json.Key("n").Number(uint64_t(3));
     json.Key("b").Bool(false);
+    json.Key(u"\u00e9\"").String(u"");
     json.EndObject();
-    EXPECT_EQ(
-        json.Text(),
-        "{\n  \"list\": [\n    \"x\"\n  ],\n  \"none\": [],\n  \"n\": 3,\n  \"b\": false\n}\n");
+    EXPECT_EQ(json.Text(),
+              "{\n  \"list\": [\n    \"x\"\n  ],\n  \"none\": [],\n  \"n\": 3,\n  \"b\": false,\n"
+              "  \"\xc3\xa9\\\"\": \"\"\n}\n");
 }
 
 }  // namespace

@@ -182,10 +182,12 @@ void CFileData::SetOwner(std::u16string_view strOwner) {
 }
 
 bool CFileData::HasVersionInfo() {
-    if (!(m_uFlags & FILE_VERSION_READ)) {
-        m_uFlags |= FILE_VERSION_READ;
-        if (RecordServices().ReadHasVersionInfo(*this)) m_uFlags |= FILE_HAS_VERSION;
-    }
+    if (m_uFlags & FILE_HAS_VERSION) return true;
+    // The name list decides before any bit is touched.
+    if (!RecordServices().PassesVersionFilter(*this)) return false;
+    if (m_uFlags & FILE_VERSION_READ) return false;
+    m_uFlags |= FILE_VERSION_READ;
+    if (RecordServices().ReadHasVersionInfo(*this)) m_uFlags |= FILE_HAS_VERSION;
     return (m_uFlags & FILE_HAS_VERSION) != 0;
 }
 

@@ -53,6 +53,7 @@ const std::u16string* IRecordServices::LookupOwner(const std::u16string& strPath
     return InternOwner(strOwner);
 }
 
+bool IRecordServices::PassesVersionFilter(const CFileData&) { return true; }
 bool IRecordServices::ReadHasVersionInfo(const CFileData&) { return false; }
 bool IRecordServices::ReadHasMediaInfo(const CFileData&) { return false; }
 std::u16string IRecordServices::ReadVersionText(const CFileData&) { return {}; }

@@ -30,6 +30,9 @@ public:
     virtual void ComputeCrcs(const std::vector<CFileData*>& aFiles);
     // Owner name of a path; null when it cannot be told.
     virtual const std::u16string* LookupOwner(const std::u16string& strPath);
+    // Whether the version name list lets the file be asked at all; a file it
+    // holds back keeps its status bits, so a forced read can still reach it.
+    virtual bool PassesVersionFilter(const CFileData& file);
     // Whether the file has a version block / media metadata.
     virtual bool ReadHasVersionInfo(const CFileData& file);
     virtual bool ReadHasMediaInfo(const CFileData& file);
