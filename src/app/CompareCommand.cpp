@@ -191,8 +191,7 @@ const std::map<std::string, EPrintType> kReportForms = {{"text", PrintTypeText},
 
 // Writes the chosen form to the file, or to standard output when no file is
 // named. False, with the message given, when it could not all be written.
-bool WriteResult(CWZorvaneDoc& doc, const CCompareOptions& options,
-                 const CCompareShowFlags& show) {
+bool WriteResult(CWZorvaneDoc& doc, const CCompareOptions& options, const CCompareShowFlags& show) {
     const CCompareList& list = doc.m_results.m_compare;
     const auto itReport = kReportForms.find(options.m_strFormat);
     const bool bReport = itReport != kReportForms.end();
@@ -213,7 +212,8 @@ bool WriteResult(CWZorvaneDoc& doc, const CCompareOptions& options,
     } else {
         platform::SetStdoutBinary();
     }
-    CCheckedFileSink sink(pFile, options.m_strOutput.empty() ? "standard output" : options.m_strOutput,
+    CCheckedFileSink sink(pFile,
+                          options.m_strOutput.empty() ? "standard output" : options.m_strOutput,
                           !options.m_strOutput.empty());
     bool bWritten;
     if (bReport) {

@@ -40,8 +40,8 @@ int CCompareFinder::FindPrev(const std::vector<const CCompareEntry*>& aRows, EKi
     return Search(aRows, eKind, strText, nStart, -1);
 }
 
-int CCompareFinder::FindFromBeginning(const std::vector<const CCompareEntry*>& aRows,
-                                      EKind eKind, std::u16string_view strText) {
+int CCompareFinder::FindFromBeginning(const std::vector<const CCompareEntry*>& aRows, EKind eKind,
+                                      std::u16string_view strText) {
     return Search(aRows, eKind, strText, 0, 1);
 }
 
