@@ -1,19 +1,27 @@
 #include "app/CompareCommand.h"
 
 #include <CLI/CLI.hpp>
+#include <cerrno>
 #include <cstdio>
+#include <cstring>
+#include <map>
 
+#include "app/CheckedOutput.h"
 #include "app/CommandScan.h"
+#include "app/JsonWriter.h"
 #include "app/SettingsCommand.h"
 #include "compare/CompareStatus.h"
 #include "compare/DiffProgram.h"
 #include "compare/DirectoryCompare.h"
 #include "compare/FileCompare.h"
 #include "compare/FilePairCompare.h"
+#include "platform/Console.h"
 #include "platform/FileContents.h"
 #include "platform/FileSystem.h"
 #include "platform/Process.h"
 #include "platform/Text.h"
+#include "reports/CompareReport.h"
+#include "reports/ReportStream.h"
 
 namespace zv {
 
@@ -63,54 +71,25 @@ std::string ShowWordList() {
     return strList;
 }
 
-// JSON text of a UTF-16 string. A byte of a file name that is not UTF-8 is
-// the lone surrogate U+DC80 + byte here; it and any other lone surrogate go
-// out as the escape \udcXX, so no name is lost or changed. (A small writer
-// of its own until the program has a shared lossless one.)
-std::string JsonString(std::u16string_view str) {
-    std::string strOut = "\"";
-    for (size_t i = 0; i < str.size(); ++i) {
-        const char16_t ch = str[i];
-        const bool bHigh = ch >= 0xD800 && ch <= 0xDBFF;
-        const bool bPair =
-            bHigh && i + 1 < str.size() && str[i + 1] >= 0xDC00 && str[i + 1] <= 0xDFFF;
-        char szEscape[8];
-        if (ch == u'"' || ch == u'\\') {
-            strOut += '\\';
-            strOut += static_cast<char>(ch);
-        } else if (ch == u'\n') {
-            strOut += "\\n";
-        } else if (ch == u'\t') {
-            strOut += "\\t";
-        } else if (ch < 0x20 || (ch >= 0xD800 && ch <= 0xDFFF && !bPair)) {
-            std::snprintf(szEscape, sizeof szEscape, "\\u%04x", static_cast<unsigned>(ch));
-            strOut += szEscape;
-        } else {
-            strOut += platform::Utf16ToUtf8(str.substr(i, bPair ? 2 : 1));
-            if (bPair) ++i;
-        }
-    }
-    return strOut + "\"";
-}
-
-std::string JsonPathOrNull(const std::u16string& strPath, bool bPresent) {
-    return bPresent ? JsonString(strPath) : "null";
-}
-
 std::string FormatJson(const CCompareList& list, const CCompareShowFlags& show) {
-    std::string strOut = "{\n  \"entries\": [";
-    bool bFirst = true;
+    CJsonWriter json;
+    json.BeginObject();
+    json.Key("entries").BeginArray();
     for (const auto& pEntry : list.m_aEntries) {
         if (!show.Shows(*pEntry)) continue;
-        strOut += bFirst ? "\n    " : ",\n    ";
-        bFirst = false;
-        strOut += "{\"left\": " + JsonPathOrNull(pEntry->LeftPath(), pEntry->HasLeft()) +
-                  ", \"right\": " + JsonPathOrNull(pEntry->RightPath(), pEntry->HasRight()) +
-                  ", \"directory\": " + (pEntry->m_bFile ? "false" : "true") +
-                  ", \"status\": " + std::to_string(pEntry->m_nStatus) +
-                  ", \"text\": " + JsonString(GetCompareStatusText(*pEntry)) + "}";
+        json.BeginObject();
+        json.Key("left");
+        pEntry->HasLeft() ? json.String(pEntry->LeftPath()) : json.Null();
+        json.Key("right");
+        pEntry->HasRight() ? json.String(pEntry->RightPath()) : json.Null();
+        json.Key("directory").Bool(!pEntry->m_bFile);
+        json.Key("status").Number(static_cast<uint64_t>(pEntry->m_nStatus));
+        json.Key("text").String(GetCompareStatusText(*pEntry));
+        json.EndObject();
     }
-    return strOut + (bFirst ? "]\n}\n" : "\n  ]\n}\n");
+    json.EndArray();
+    json.EndObject();
+    return json.Text();
 }
 
 // One line per entry: kind, status text, left path, right path, separated
@@ -167,15 +146,88 @@ std::u16string RefusePair(const std::u16string& strLeft, const std::u16string& s
     return {};
 }
 
-bool WriteOutput(const std::string& strText, const std::string& strPath) {
-    if (strPath.empty()) {
-        std::fwrite(strText.data(), 1, strText.size(), stdout);
-        std::fflush(stdout);
-        return true;
+// A report file, or standard output, with every write, the flush and the
+// close checked; the first failure is kept as the message to give.
+class CCheckedFileSink : public IReportSink {
+public:
+    CCheckedFileSink(std::FILE* pFile, std::string strName, bool bOwned)
+        : m_pFile(pFile), m_strName(std::move(strName)), m_bOwned(bOwned) {}
+    ~CCheckedFileSink() override {
+        if (m_bOwned && m_pFile) std::fclose(m_pFile);
     }
-    if (platform::WriteFileContents(platform::Utf8ToUtf16(strPath), strText)) return true;
-    std::fprintf(stderr, "zorvane-cli: cannot write %s\n", strPath.c_str());
-    return false;
+    CCheckedFileSink(const CCheckedFileSink&) = delete;
+    CCheckedFileSink& operator=(const CCheckedFileSink&) = delete;
+
+    bool Write(const char* pData, size_t nSize) override {
+        return Check(std::fwrite(pData, 1, nSize, m_pFile) == nSize);
+    }
+    bool Flush() override { return Check(std::fflush(m_pFile) == 0); }
+    bool Close() {
+        if (!m_bOwned) return true;
+        std::FILE* pFile = m_pFile;
+        m_pFile = nullptr;
+        return Check(std::fclose(pFile) == 0);
+    }
+    const std::string& Error() const { return m_strError; }
+
+private:
+    bool Check(bool bOk) {
+        if (!bOk && m_strError.empty())
+            m_strError =
+                "zorvane-cli compare: cannot write " + m_strName + ": " + std::strerror(errno);
+        return bOk;
+    }
+
+    std::FILE* m_pFile;
+    std::string m_strName;
+    bool m_bOwned;
+    std::string m_strError;
+};
+
+const std::map<std::string, EPrintType> kReportForms = {{"text", PrintTypeText},
+                                                        {"csv", PrintTypeExcel},
+                                                        {"html", PrintTypeHtml},
+                                                        {"xml", PrintTypeXml}};
+
+// Writes the chosen form to the file, or to standard output when no file is
+// named. False, with the message given, when it could not all be written.
+bool WriteResult(CWZorvaneDoc& doc, const CCompareOptions& options, const CCompareShowFlags& show) {
+    const CCompareList& list = doc.m_results.m_compare;
+    const auto itReport = kReportForms.find(options.m_strFormat);
+    const bool bReport = itReport != kReportForms.end();
+    if (options.m_strOutput.empty() && !bReport) {
+        CCheckedOutput out;
+        out.Write(options.m_strFormat == "json" ? FormatJson(list, show) : FormatText(list, show));
+        return out.Finish();
+    }
+    std::FILE* pFile = stdout;
+    if (!options.m_strOutput.empty()) {
+        std::string strError;
+        pFile = platform::OpenFileForWriting(platform::Utf8ToUtf16(options.m_strOutput), strError);
+        if (!pFile) {
+            std::fprintf(stderr, "Cannot open the file %s\n%s\n", options.m_strOutput.c_str(),
+                         strError.c_str());
+            return false;
+        }
+    } else {
+        platform::SetStdoutBinary();
+    }
+    CCheckedFileSink sink(pFile,
+                          options.m_strOutput.empty() ? "standard output" : options.m_strOutput,
+                          !options.m_strOutput.empty());
+    bool bWritten;
+    if (bReport) {
+        CReportStream out(sink, doc.m_print.Flag(SaveAsUnicode));
+        WriteCompareReport(doc, out, itReport->second, list, show);
+        bWritten = out.Finish();
+    } else {
+        const std::string strText =
+            options.m_strFormat == "json" ? FormatJson(list, show) : FormatText(list, show);
+        bWritten = sink.Write(strText.data(), strText.size()) && sink.Flush();
+    }
+    bWritten = sink.Close() && bWritten;
+    if (!bWritten) std::fprintf(stderr, "%s\n", sink.Error().c_str());
+    return bWritten;
 }
 
 }  // namespace
@@ -204,12 +256,10 @@ int RunCompareCommand(const CCompareOptions& options) {
     command.Host().ClearLine();
     if (compare.WasStopped()) std::fprintf(stderr, "zorvane-cli: compare stopped before the end\n");
 
-    const CCompareList& list = doc.m_results.m_compare;
-    const CCompareShowFlags show = ShowFlagsOf(options.m_aShow);
-    const std::string strOut =
-        options.m_strFormat == "json" ? FormatJson(list, show) : FormatText(list, show);
-    if (!WriteOutput(strOut, options.m_strOutput) || compare.WasStopped()) return kError;
-    return ExitStatusOf(list);
+    if (options.m_bAnsi) doc.m_print.m_aFlags[SaveAsUnicode] = 0;
+    if (!WriteResult(doc, options, ShowFlagsOf(options.m_aShow)) || compare.WasStopped())
+        return kError;
+    return ExitStatusOf(doc.m_results.m_compare);
 }
 
 int RunCompareFilesCommand(const CCompareFilesOptions& options) {
@@ -240,7 +290,9 @@ int RunCompareFilesCommand(const CCompareFilesOptions& options) {
             command.Host().ShowMessage(outcome.m_strMessage);
             return kError;
         }
-        WriteOutput(platform::Utf16ToUtf8(outcome.m_strMessage) + "\n", {});
+        CCheckedOutput out;
+        out.Write(platform::Utf16ToUtf8(outcome.m_strMessage) + "\n");
+        if (!out.Finish()) return kError;
         return outcome.m_bDifferent ? 1 : 0;
     }
     CPairResult result;
@@ -254,9 +306,10 @@ int RunCompareFilesCommand(const CCompareFilesOptions& options) {
         result = CompareFilesBinary(strFile1, strFile2, dSize1, nullptr);
     else
         result = CompareFilesByLines(strFile1, strFile2, dSize1, nullptr);
-    WriteOutput(
-        platform::Utf16ToUtf8(GetCompareStatusText(result.m_nStatus, result.m_dValue)) + "\n", {});
-    if (IsUnreadable(result.m_nStatus)) return kError;
+    CCheckedOutput out;
+    out.Write(platform::Utf16ToUtf8(GetCompareStatusText(result.m_nStatus, result.m_dValue)) +
+              "\n");
+    if (!out.Finish() || IsUnreadable(result.m_nStatus)) return kError;
     return result.m_nStatus == CompareIdentical ? 0 : 1;
 }
 
@@ -280,9 +333,13 @@ CCompareCommands::CCompareCommands(CLI::App& app) {
         }()));
     m_pCompare
         ->add_option("--format", m_compare.m_strFormat,
-                     "text: kind, status, left path and right path per line, tab-separated; "
-                     "json: an object with the array entries")
-        ->check(CLI::IsMember({"text", "json"}));
+                     "list (the default): kind, status, left path and right path per line, "
+                     "tab-separated; text, csv, html, xml: the compare report; json: an object "
+                     "with the array entries")
+        ->check(CLI::IsMember({"list", "text", "csv", "html", "xml", "json"}));
+    m_pCompare->add_flag("--ansi", m_compare.m_bAnsi,
+                         "Write the report in the narrow form (UTF-8) instead of UTF-16 with a "
+                         "byte order mark; the settings file's Unicode choice otherwise");
     m_pCompare->add_option("-o,--output", m_compare.m_strOutput, "Write to FILE")
         ->type_name("FILE");
     m_pCompare

@@ -18,8 +18,9 @@ struct CCompareOptions {
     std::string m_strLeft, m_strRight;  // UTF-8, as given
     bool m_bSubdirs = false;
     std::vector<std::string> m_aShow;  // show words; all shown when empty
-    std::string m_strFormat = "text";
+    std::string m_strFormat = "list";
     std::string m_strOutput;  // standard output when empty
+    bool m_bAnsi = false;     // the report in UTF-8 whatever the settings say
 };
 
 struct CCompareFilesOptions {

@@ -110,6 +110,11 @@ void CJsonWriter::Number(double dValue) {
     m_strText += nlohmann::json(dValue).dump();  // the shortest form that reads back the same
 }
 
+void CJsonWriter::Null() {
+    BeforeValue();
+    m_strText += "null";
+}
+
 void CJsonWriter::Bool(bool bValue) {
     BeforeValue();
     m_strText += bValue ? "true" : "false";

@@ -31,6 +31,7 @@ public:
     void Number(uint64_t uValue);
     void Number(double dValue);
     void Bool(bool bValue);
+    void Null();
 
     // The document so far, ending with a line feed once the outermost value is closed.
     const std::string& Text() const { return m_strText; }

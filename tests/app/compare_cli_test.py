@@ -1,6 +1,6 @@
 #!/usr/bin/env python3
 """Checks `zorvane-cli compare` and `compare-files` on a generated pair of
-trees: the statuses in JSON and text, the show words, the exit statuses, a
+trees: the statuses in JSON and text, the compare report to a file, the show words, the exit statuses, a
 name that is not UTF-8 (POSIX), and --diff with the settings file's diff
 program keys handing the pair to a program that records its arguments.
 
@@ -128,6 +128,22 @@ def main(argv):
                          cli.path(os.path.join(right, "sub")))
         check(result.returncode == 0 and result.stdout.count(b"\tIdentical\t") == 2,
               "identical pair: exit %d %s" % (result.returncode, result.stdout), failures)
+        # The compare report to a file: the XML form has one DiffData per entry
+        # (it is not parsed: a name that is not UTF-8 stands as &#xDCFF;, which
+        # XML readers refuse); an unwritable report is an error.
+        report = os.path.join(temp, "report.xml")
+        result = cli.run("compare", "--subdirs", "--ansi", "--format", "xml", "-o", cli.path(report),
+                         cli.path(left), cli.path(right))
+        check(result.returncode == 1 and result.stdout == b"", "report exit %d" % result.returncode,
+              failures)
+        with open(report, "rb") as f:
+            diffs = f.read().count(b"<DiffData\r\n")
+        check(diffs == len(entries), "report rows %d, entries %d" % (diffs, len(entries)), failures)
+        result = cli.run("compare", "--format", "csv", "-o", cli.path(os.path.join(temp, "no", "x")),
+                         cli.path(left), cli.path(right))
+        check(result.returncode == 2 and b"Cannot open the file " in result.stderr,
+              "unopenable report: exit %d %s" % (result.returncode, result.stderr), failures)
+
         result = cli.run("compare", cli.path(left), cli.path(os.path.join(left, "sub")))
         check(result.returncode == 2 and b"Directory 2 is contained within directory 1" in result.stderr,
               "nested pair not refused", failures)
