@@ -53,8 +53,8 @@ EXPECTED = {
 }
 
 
-def write_tree(root, spec):
-    for rel, content in spec.items():
+def write_tree(root, layout):
+    for rel, content in layout.items():
         path = os.path.join(root, rel)
         if content is None:
             os.makedirs(path, exist_ok=True)

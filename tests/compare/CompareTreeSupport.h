@@ -69,9 +69,9 @@ public:
     CWZorvaneDoc m_doc;
 
 private:
-    static void Write(const std::filesystem::path& root, const CTreeSpec& spec) {
+    static void Write(const std::filesystem::path& root, const CTreeSpec& layout) {
         std::filesystem::create_directories(root);
-        for (const auto& [strPath, strContent] : spec) {
+        for (const auto& [strPath, strContent] : layout) {
             const auto path = root / strPath;
             if (strPath.ends_with('/')) {
                 std::filesystem::create_directories(path);
