@@ -129,6 +129,20 @@ def main(argv):
         if len(os.listdir(out2)) != 6:
             failures.append("unwritable: wrote %s" % os.listdir(out2))
 
+        # The same reports from the commands, through --format and -o.
+        for args, first in [
+                (["largest", "types", "--format", "csv"], '"Zorvane: Largest Type"'),
+                (["largest", "files", "--format", "xml"], '<?xml version="1.0" encoding="utf-16" ?>'),
+                (["dups", "--format", "html"], "<html>"),
+                (["dupdirs", "--format", "text"], "Zorvane: Duplicate Directories")]:
+            target = os.path.join(work, "command-report")
+            result = subprocess.run(runner.command + args + ["-o", runner.native(target),
+                                                             runner.native(root)],
+                                    stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=300)
+            if result.returncode != 0 or first_line(target) != first:
+                failures.append("%s: status %d, begins %r" % (args, result.returncode,
+                                                              first_line(target)))
+
         # No file found: nothing written.
         empty = os.path.join(work, "empty")
         os.makedirs(empty)
