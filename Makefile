@@ -1,14 +1,17 @@
 # Convenience targets around CMake presets.
 .PHONY: run test build clean fuzz
 
-# Installs only what the release build needs, builds the release binary
-# and scans a directory every machine has.
-RUN_TREE ?= /usr/share
+# Installs only what the release build needs, builds the release binary and
+# runs the example settings file unattended: it scans /usr/share and writes
+# its reports, with the date in their names, into build/reports/.
 run:
 	scripts/install-deps.sh --build
 	cmake --preset release -DZORVANE_BUILD_TESTS=OFF >/dev/null
 	cmake --build --preset release --target zorvane-cli
-	build/release/src/app/zorvane-cli scan $(RUN_TREE)
+	mkdir -p build/reports
+	build/release/src/app/zorvane-cli examples/usr-share.zorvane
+	@echo "Reports written to $(CURDIR)/build/reports/:"
+	@ls -1 build/reports/*_$$(date +%Y_%m_%d).html
 
 # Installs what is missing, builds and runs every test: native, sanitizers,
 # and the Windows binaries under Wine.

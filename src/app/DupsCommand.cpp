@@ -9,8 +9,11 @@
 #include "analyses/DuplicateFileFinder.h"
 #include "analyses/DuplicateGroupSort.h"
 #include "app/CommandScan.h"
+#include "app/ExitStatus.h"
 #include "app/ProgramScanSteps.h"
+#include "app/ResultReportOutput.h"
 #include "core/document/Document.h"
+#include "platform/FileContents.h"
 #include "platform/Text.h"
 
 namespace zv {
@@ -190,6 +193,9 @@ int RunDupsCommand(CDupsOptions& options) {
         ApplyDirCriteria(options.m_aBy, doc.m_options.m_dupDirs);
     else
         ApplyFileCriteria(options.m_aBy, doc.m_options.m_dupFiles);
+    // The groups are this command's output: a settings file's Auto Print exit
+    // must not end the run before they are printed.
+    doc.m_print.m_autoPrint.m_bExit = 0;
     // The duplicate filter takes its files' checksums from the list, so the
     // list is read before the scan.
     if (!doc.m_options.m_strCrcFromFile.empty() && doc.m_aCrcFromFile.empty()) LoadCrcList(doc);
@@ -212,13 +218,34 @@ int RunDupsCommand(CDupsOptions& options) {
     const double dSeconds =
         std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 
+    if (!options.m_strFormat.empty()) {
+        if (options.m_bAnsi) doc.m_print.m_aFlags[SaveAsUnicode] = 0;
+        const int nWritten = WriteResultReportOutput(
+            doc, options.m_strFormat,
+            options.m_bDirectories ? ResultDuplicateDirs : ResultDuplicateFiles, options.m_strOutput,
+            options.m_bDirectories ? "zorvane-cli dupdirs" : "zorvane-cli dups");
+        if (nWritten != kExitOk) return nWritten;
+        return CountUnreadable(doc) ? kUnreadable : 0;
+    }
     const std::vector<CGroupOut> aGroups =
         options.m_bDirectories ? DirGroups(doc) : FileGroups(doc);
     const std::string strOut = options.m_scan.m_bJson
                                    ? FormatJson(aGroups, options.m_bDirectories, nFiles, dSeconds)
                                    : FormatText(aGroups);
-    const bool bWritten = std::fwrite(strOut.data(), 1, strOut.size(), stdout) == strOut.size();
-    if (std::fflush(stdout) != 0 || !bWritten) return kUnreadable;
+    std::FILE* pOut = stdout;
+    if (!options.m_strOutput.empty()) {
+        std::string strError;
+        pOut = platform::OpenFileForWriting(platform::Utf8ToUtf16(options.m_strOutput), strError);
+        if (!pOut) {
+            std::fprintf(stderr, "zorvane-cli: cannot open %s: %s\n", options.m_strOutput.c_str(),
+                         strError.c_str());
+            return kUnreadable;
+        }
+    }
+    const bool bWritten = std::fwrite(strOut.data(), 1, strOut.size(), pOut) == strOut.size();
+    const bool bFlushed = std::fflush(pOut) == 0;
+    if (pOut != stdout && std::fclose(pOut) != 0) return kUnreadable;
+    if (!bFlushed || !bWritten) return kUnreadable;
     const size_t nUnreadable = CountUnreadable(doc);
     if (nUnreadable) {
         const std::string strCount = std::to_string(nUnreadable);
@@ -236,6 +263,16 @@ CDupsCommands::CDupsCommands(CLI::App& app) {
         AddScanOptions(*pCommand, options.m_scan);
         pCommand->add_flag("--json", options.m_scan.m_bJson,
                            "Print one JSON object: groups, files_scanned, elapsed_seconds");
+        pCommand
+            ->add_option("--format", options.m_strFormat,
+                         "text, csv, html or xml: the duplicates report (without it, the plain "
+                         "group listing)")
+            ->check(CLI::IsMember({"text", "csv", "html", "xml"}));
+        pCommand->add_option("-o,--output", options.m_strOutput, "Write to FILE instead of stdout")
+            ->type_name("FILE");
+        pCommand->add_flag("--ansi", options.m_bAnsi,
+                           "Reports in the narrow form (UTF-8) instead of UTF-16 with a byte "
+                           "order mark; the settings file's Unicode choice otherwise");
         pCommand->add_option("--by", options.m_aBy, pszByHelp)
             ->type_name("LIST")
             ->delimiter(',')

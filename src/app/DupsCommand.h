@@ -17,6 +17,10 @@ struct CDupsOptions {
     CScanCommandOptions m_scan;
     std::vector<std::string> m_aBy;  // criteria words; empty: the settings file's
     bool m_bDirectories = false;
+    // Empty: the plain group listing; text, csv, html or xml: the report.
+    std::string m_strFormat;
+    std::string m_strOutput;  // -o FILE; standard output when empty
+    bool m_bAnsi = false;
 };
 
 // Registers both commands on the program's parser.

@@ -1,6 +1,7 @@
 #include "app/LargestCommand.h"
 
 #include <CLI/CLI.hpp>
+#include <algorithm>
 #include <climits>
 #include <cstdio>
 #include <vector>
@@ -8,6 +9,8 @@
 #include "analyses/LargestLists.h"
 #include "analyses/LargestTotals.h"
 #include "app/CommandScan.h"
+#include "app/ResultReportOutput.h"
+#include "platform/FileContents.h"
 #include "platform/Text.h"
 
 namespace zv {
@@ -158,8 +161,16 @@ CLI::App* AddLargestCommand(CLI::App& app, CLargestCommandOptions& options) {
                      "Keep the N largest (-1: all); owners and types: print the first N")
         ->type_name("N")
         ->check(CLI::Range(-1, INT_MAX));
-    pLargest->add_option("--format", options.m_strFormat, "text (the default) or json")
-        ->check(CLI::IsMember({"text", "json"}));
+    pLargest
+        ->add_option("--format", options.m_strFormat,
+                     "text, csv, html or xml: the result report; json: an array. Without it, one "
+                     "tab-separated line per row")
+        ->check(CLI::IsMember({"text", "csv", "html", "xml", "json"}));
+    pLargest->add_option("-o,--output", options.m_strOutput, "Write to FILE instead of stdout")
+        ->type_name("FILE");
+    pLargest->add_flag("--ansi", options.m_bAnsi,
+                       "Reports in the narrow form (UTF-8) instead of UTF-16 with a byte order "
+                       "mark; the settings file's Unicode choice otherwise");
     pLargest->add_flag_callback(
         "--json", [&options] { options.m_strFormat = "json"; }, "The same as --format json");
     AddScanOptions(*pLargest, options.m_scan);
@@ -187,11 +198,40 @@ int RunLargestCommand(const CLargestCommandOptions& options) {
         nStatus = kUnreadable;
     }
     const std::vector<CRow> aRows = CollectRows(options, doc);
+    if (IsResultReportForm(options.m_strFormat)) {
+        if (options.m_bAnsi) doc.m_print.m_aFlags[SaveAsUnicode] = 0;
+        // --count cuts the tables' rows in the report as in the other forms.
+        if (options.m_nCount && *options.m_nCount >= 0) {
+            CTotalTables& totals = doc.m_results.m_totals;
+            CTotalTable& aTable = options.m_strKind == "owners" ? totals.m_aOwners : totals.m_aTypes;
+            if (aTable.size() > size_t(*options.m_nCount)) aTable.resize(size_t(*options.m_nCount));
+        }
+        const EResultReport eReport = options.m_strKind == "files"  ? ResultLargestFiles
+                                      : options.m_strKind == "dirs" ? ResultLargestDirs
+                                      : options.m_strKind == "owners" ? ResultLargestOwner
+                                                                      : ResultLargestType;
+        return std::max(nStatus, WriteResultReportOutput(doc, options.m_strFormat, eReport,
+                                                         options.m_strOutput,
+                                                         "zorvane-cli largest"));
+    }
+    std::FILE* pOut = stdout;
+    if (!options.m_strOutput.empty()) {
+        std::string strError;
+        pOut = platform::OpenFileForWriting(platform::Utf8ToUtf16(options.m_strOutput), strError);
+        if (!pOut) {
+            std::fprintf(stderr, "zorvane-cli largest: cannot open %s: %s\n",
+                         options.m_strOutput.c_str(), strError.c_str());
+            return kUnreadable;
+        }
+    }
     const std::string strOut =
         options.m_strFormat == "json" ? FormatJson(aRows) : FormatText(aRows);
-    std::fwrite(strOut.data(), 1, strOut.size(), stdout);
-    if (std::fflush(stdout) != 0 || std::ferror(stdout)) {
-        std::fputs("zorvane-cli largest: cannot write to standard output\n", stderr);
+    const bool bWritten = std::fwrite(strOut.data(), 1, strOut.size(), pOut) == strOut.size();
+    const bool bFlushed = std::fflush(pOut) == 0 && !std::ferror(pOut);
+    const bool bClosed = pOut == stdout || std::fclose(pOut) == 0;
+    if (!bWritten || !bFlushed || !bClosed) {
+        std::fprintf(stderr, "zorvane-cli largest: cannot write to %s\n",
+                     options.m_strOutput.empty() ? "standard output" : options.m_strOutput.c_str());
         nStatus = kUnreadable;
     }
     return nStatus;

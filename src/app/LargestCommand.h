@@ -16,7 +16,10 @@ namespace zv {
 struct CLargestCommandOptions {
     std::string m_strKind;        // files, dirs, owners or types
     std::optional<int> m_nCount;  // -1 no limit; the settings file's when not given
-    std::string m_strFormat = "text";
+    // Empty: one tab-separated line per row; json; or a result report form.
+    std::string m_strFormat;
+    std::string m_strOutput;  // -o FILE; standard output when empty
+    bool m_bAnsi = false;
     CScanCommandOptions m_scan;
 };
 

@@ -4,12 +4,30 @@
 #include <cstdlib>
 
 #include "analyses/CrcList.h"
+#include "app/AutoPrintRuns.h"
+#include "platform/Text.h"
 #include "analyses/DuplicateDirFinder.h"
 #include "analyses/DuplicateFileFinder.h"
 #include "core/document/Document.h"
 #include "core/state/RememberedLists.h"
 
 namespace zv {
+
+void CProgramScanSteps::ClearTables() {
+    CWZorvaneDoc& doc = *m_pDocument;
+    const CAutoPrintSettings& autoPrint = doc.m_print.m_autoPrint;
+    if (autoPrint.m_largestFiles.m_bEnabled) doc.m_options.m_bLargestFiles = 1;
+    if (autoPrint.m_largestDirs.m_bEnabled) doc.m_options.m_bLargestDirs = 1;
+    if (autoPrint.m_largestOwner.m_bEnabled) doc.m_options.m_bLargestOwner = 1;
+    if (autoPrint.m_largestType.m_bEnabled) doc.m_options.m_bLargestType = 1;
+}
+
+void CProgramScanSteps::RunAutoPrint() {
+    CAutoPrintRun(*m_pDocument, [](const std::u16string& strFile) {
+        std::fprintf(stderr, "zorvane-cli: cannot write the report %s\n",
+                     platform::Utf16ToUtf8(strFile).c_str());
+    }).Run();
+}
 
 void CProgramScanSteps::SaveRemembered() {
     if (m_bRemember) SaveRememberedLists(*m_pDocument);

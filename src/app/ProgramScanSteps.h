@@ -3,7 +3,8 @@
 // stands for the desktop program (a settings file given as the program's
 // argument), a checksum list is applied, "Exit program after printing" ends
 // the process, and the duplicate searches the settings ask for run. Reports
-// and the tree control join as those subsystems arrive.
+// and the tree control join as those subsystems arrive. The Auto Print
+// reports are written after the scan.
 #pragma once
 
 #include "analyses/LargestScanSteps.h"
@@ -14,7 +15,12 @@ class CProgramScanSteps : public CLargestScanSteps {
 public:
     explicit CProgramScanSteps(bool bRemember) : m_bRemember(bRemember) {}
 
+    // Enabled Auto Print reports switch on the lists they need, which are
+    // kept only on request during a scan.
+    void ClearTables() override;
     void SaveRemembered() override;
+    // The Auto Print reports; one that cannot be written is named on stderr.
+    void RunAutoPrint() override;
     void ApplyCrcList() override;
     void ExitAfterPrinting() override;
     // The duplicate searches the settings ask for after every scan.

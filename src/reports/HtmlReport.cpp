@@ -14,9 +14,7 @@
 namespace zv {
 namespace {
 
-// Opened here and never closed: the report's tables begin this way.
-constexpr const char* kTableProlog =
-    "<table border=\"1\" cellpadding=\"0\" cellspacing=\"0\" style=\"border-collapse: collapse\" ";
+constexpr const char* kTableProlog = kHtmlTableProlog;
 
 int CountColumns(const CReportContext& ctx, bool bSubdirColumns, bool bGroupColumn,
                  bool bPathColumn) {
@@ -127,6 +125,41 @@ void WriteFileRowHtml(CReportContext& ctx, CFileData& file, bool bFullPath, cons
                                 else
                                     Cell(out, right, HtmlEscape(strValue));
                             });
+    out << "</tr>\n";
+}
+
+void WriteNullFileRowHtml(CReportContext& ctx, const CHtmlCells& cells, bool bSubdirColumns,
+                          bool bGroupColumn, bool bPathColumn) {
+    CReportStream& out = ctx.m_out;
+    const std::u16string& right = cells.m_strRight;
+    out << "<tr>\n";
+    Cell(out, cells.m_strLeft, u"&nbsp;");
+    if (bPathColumn) Cell(out, right, u"&nbsp;");
+    if (bGroupColumn) Cell(out, right, u"&nbsp;");
+    for (EPrintFlag eFlag : {PrintSize, PrintSizeOnDisk, PrintSizeActual})
+        if (ctx.Flag(eFlag)) Cell(out, right, u"&nbsp;");
+    if (bSubdirColumns)
+        for (EPrintFlag eFlag : {PrintSizeSubdirs, PrintSizeActualSubdirs})
+            if (ctx.Flag(eFlag)) Cell(out, right, u"&nbsp;");
+    for (EPrintFlag eFlag : {PrintCreated, PrintAccessed, PrintModified, PrintAttributes, PrintCrc,
+                             PrintCrcSubdirs, PrintOwner, PrintLinkCount})
+        if (ctx.Flag(eFlag)) Cell(out, right, u"&nbsp;");
+    for (size_t i = 0; i < ctx.m_columns.MetadataColumnCount(); ++i) EmptyCell(out, right);
+    out << "</tr>\n";
+}
+
+void WriteNullDirRowHtml(CReportContext& ctx, const CHtmlCells& cells, bool bGroupColumn,
+                         bool bPathColumn) {
+    CReportStream& out = ctx.m_out;
+    const std::u16string& right = cells.m_strRight;
+    out << "<tr>\n";
+    Cell(out, cells.m_strLeft, u"&nbsp;");
+    if (bPathColumn) Cell(out, right, u"&nbsp;");
+    if (bGroupColumn) Cell(out, right, u"&nbsp;");
+    for (EPrintFlag eFlag : {PrintSize, PrintSizeActual, PrintSizeSubdirs, PrintSizeActualSubdirs,
+                             PrintCreated, PrintAccessed, PrintModified, PrintAttributes, PrintCrc,
+                             PrintCrcSubdirs, PrintOwner, PrintLinkCount})
+        if (ctx.Flag(eFlag)) Cell(out, right, u"&nbsp;");
     out << "</tr>\n";
 }
 

@@ -24,6 +24,15 @@ void WriteFileRowHtml(CReportContext& ctx, CFileData& file, bool bFullPath, cons
                       bool bPathColumn);
 void WriteDirRowHtml(CReportContext& ctx, CDirectoryData& dir, bool bFullPath, bool bPrefix,
                      const CHtmlCells& cells, bool bGroupColumn, bool bPathColumn);
+// The empty rows that stand between duplicate groups: every cell of the
+// row with a blank, no group number.
+void WriteNullFileRowHtml(CReportContext& ctx, const CHtmlCells& cells, bool bSubdirColumns,
+                          bool bGroupColumn, bool bPathColumn);
+void WriteNullDirRowHtml(CReportContext& ctx, const CHtmlCells& cells, bool bGroupColumn,
+                         bool bPathColumn);
+// Opens a table and is never closed: the report's tables begin this way.
+inline constexpr const char* kHtmlTableProlog =
+    "<table border=\"1\" cellpadding=\"0\" cellspacing=\"0\" style=\"border-collapse: collapse\" ";
 void WriteDirectoryBlockHtml(CReportContext& ctx, CDirectoryData& dir);
 void WriteTreeHtml(CReportContext& ctx, CDirectoryData& root);
 
