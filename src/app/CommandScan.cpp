@@ -101,6 +101,10 @@ int CCommandScan::Prepare() {
     // Options given on the command line win over the settings file.
     if (m_options.m_nMaxDepth) m_doc.m_options.m_nMaxDepth = *m_options.m_nMaxDepth;
     if (m_options.m_bNoSubdirs) m_doc.m_options.m_bScanSubdirs = 0;
+    // Only the settings-file form is the unattended run; every other command
+    // has output of its own after the scan, which a settings file's "Exit
+    // program after printing" must not cut off.
+    if (!m_options.m_bRemember) m_doc.m_print.m_autoPrint.m_bExit = 0;
     ApplyFilterOptions(m_options, m_doc.m_filters);
     return 0;
 }

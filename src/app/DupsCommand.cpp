@@ -193,9 +193,6 @@ int RunDupsCommand(CDupsOptions& options) {
         ApplyDirCriteria(options.m_aBy, doc.m_options.m_dupDirs);
     else
         ApplyFileCriteria(options.m_aBy, doc.m_options.m_dupFiles);
-    // The groups are this command's output: a settings file's Auto Print exit
-    // must not end the run before they are printed.
-    doc.m_print.m_autoPrint.m_bExit = 0;
     // The duplicate filter takes its files' checksums from the list, so the
     // list is read before the scan.
     if (!doc.m_options.m_strCrcFromFile.empty() && doc.m_aCrcFromFile.empty()) LoadCrcList(doc);

@@ -183,9 +183,6 @@ int RunLargestCommand(const CLargestCommandOptions& options) {
     if (nPrepared != 0) return nPrepared;
     CWZorvaneDoc& doc = command.Doc();
     ChooseList(options, doc.m_options);
-    // The list is this command's output: a settings file's Auto Print exit
-    // must not end the run before it is printed.
-    doc.m_print.m_autoPrint.m_bExit = 0;
     command.Scan();
     if (doc.m_bStopRequested) {
         std::fputs("zorvane-cli largest: interrupted\n", stderr);
