@@ -4,8 +4,8 @@
 #include <string>
 
 #include "analyses/CrcServices.h"
-#include "core/records/DirectoryData.h"
 #include "core/host/ProgressDialog.h"
+#include "core/records/DirectoryData.h"
 #include "platform/Text.h"
 
 namespace zv {

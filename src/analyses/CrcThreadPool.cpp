@@ -6,8 +6,8 @@
 #include <system_error>
 
 #include "analyses/CrcProgress.h"
-#include "core/records/FileData.h"
 #include "core/host/Host.h"
+#include "core/records/FileData.h"
 #include "platform/Text.h"
 
 namespace zv {

@@ -6,7 +6,8 @@ namespace zv {
 
 std::u16string CheckDuplicateFileOptions(const CDuplicateFileCriteria& criteria,
                                          bool bFindAfterScan) {
-    if (bFindAfterScan && !criteria.Any()) return u"Please select the method to detect duplicate files";
+    if (bFindAfterScan && !criteria.Any())
+        return u"Please select the method to detect duplicate files";
     return {};
 }
 

@@ -4,8 +4,7 @@
 
 namespace zv {
 
-std::vector<EPassMethod> BuildPassList(const CDuplicateFileCriteria& criteria,
-                                       bool bCrcListInUse) {
+std::vector<EPassMethod> BuildPassList(const CDuplicateFileCriteria& criteria, bool bCrcListInUse) {
     std::vector<EPassMethod> aPasses;
     const bool bSizeDone = criteria.m_bBySize != 0;
     if (criteria.m_bBySize) aPasses.push_back(EPassMethod::Size);
@@ -34,26 +33,38 @@ std::vector<EPassMethod> BuildPassList(const CDuplicateFileCriteria& criteria,
 
 const char16_t* PassTraceText(EPassMethod eMethod) {
     switch (eMethod) {
-        case EPassMethod::Size: return u"Size";
-        case EPassMethod::Name: return u"Name";
-        case EPassMethod::Mp3Crc: return u"CRC_MP3";
-        case EPassMethod::QuickCrc: return u"QUICK CRC";
-        case EPassMethod::FullCrc: return u"CRC";
-        case EPassMethod::ByteCompare: return u"comparing byte by byte";
-        case EPassMethod::SmallGroupsCrc: return u"DUP_METHOD_SMALL_GROUPS_CRC";
-        case EPassMethod::SmallGroups: return u"DUP_METHOD_SMALL_GROUPS";
+        case EPassMethod::Size:
+            return u"Size";
+        case EPassMethod::Name:
+            return u"Name";
+        case EPassMethod::Mp3Crc:
+            return u"CRC_MP3";
+        case EPassMethod::QuickCrc:
+            return u"QUICK CRC";
+        case EPassMethod::FullCrc:
+            return u"CRC";
+        case EPassMethod::ByteCompare:
+            return u"comparing byte by byte";
+        case EPassMethod::SmallGroupsCrc:
+            return u"DUP_METHOD_SMALL_GROUPS_CRC";
+        case EPassMethod::SmallGroups:
+            return u"DUP_METHOD_SMALL_GROUPS";
     }
     return u"";
 }
 
 const char16_t* PassLabelText(EPassMethod eMethod) {
     switch (eMethod) {
-        case EPassMethod::Size: return u"Finding duplicate files based on: Size";
-        case EPassMethod::Name: return u"Finding duplicate files based on: Name";
-        case EPassMethod::Mp3Crc: return u"Finding duplicate files based on: CRC_MP3";
+        case EPassMethod::Size:
+            return u"Finding duplicate files based on: Size";
+        case EPassMethod::Name:
+            return u"Finding duplicate files based on: Name";
+        case EPassMethod::Mp3Crc:
+            return u"Finding duplicate files based on: CRC_MP3";
         case EPassMethod::QuickCrc:
         case EPassMethod::FullCrc:
-        case EPassMethod::SmallGroupsCrc: return u"Finding duplicate files based on: CRC";
+        case EPassMethod::SmallGroupsCrc:
+            return u"Finding duplicate files based on: CRC";
         case EPassMethod::ByteCompare:
         case EPassMethod::SmallGroups:
             return u"Finding duplicates files based on: comparing byte by byte";
@@ -80,13 +91,18 @@ const char16_t* DirPassLabel(EDirPass ePass) {
     switch (ePass) {
         case EDirPass::SizeWithSub:
             return u"Finding duplicate dirs based on: Size with subdirs";
-        case EDirPass::Size: return u"Finding duplicate dirs based on: Size";
-        case EDirPass::FileCount: return u"Finding duplicate dirs based on: # Files";
+        case EDirPass::Size:
+            return u"Finding duplicate dirs based on: Size";
+        case EDirPass::FileCount:
+            return u"Finding duplicate dirs based on: # Files";
         case EDirPass::FileCountWithSub:
             return u"Finding duplicate dirs based on: # Files with subdirs";
-        case EDirPass::Name: return u"Finding duplicate dirs based on: Name";
-        case EDirPass::CrcWithSub: return u"Finding duplicate dirs based on: CRC with subdirs";
-        case EDirPass::Crc: return u"Finding duplicate dirs based on: CRC";
+        case EDirPass::Name:
+            return u"Finding duplicate dirs based on: Name";
+        case EDirPass::CrcWithSub:
+            return u"Finding duplicate dirs based on: CRC with subdirs";
+        case EDirPass::Crc:
+            return u"Finding duplicate dirs based on: CRC";
     }
     return u"";
 }

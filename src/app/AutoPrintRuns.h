@@ -36,8 +36,7 @@ public:
 private:
     // Opens the block's file and has write fill it; false when it could
     // not be opened or written.
-    bool WriteFile(const CAutoPrintBlock& block,
-                   const std::function<void(CReportStream&)>& write);
+    bool WriteFile(const CAutoPrintBlock& block, const std::function<void(CReportStream&)>& write);
 
     CWZorvaneDoc& m_doc;
     SkippedFn m_onSkipped;

@@ -24,10 +24,13 @@ constexpr int kInterrupted = 130;
 
 const char* const kFileWords[] = {"size", "name", "crc", "mp3crc", "bytes"};
 const char* const kDirWords[] = {"size", "sizesub", "name", "crc", "crcsub", "files", "filessub"};
-const EDuplicateDirCriterion kDirCriteria[] = {
-    DupDirBySize,          DupDirBySizeWithSubdirs, DupDirByName,
-    DupDirByCrc,           DupDirByCrcWithSubdirs,  DupDirByTotalFiles,
-    DupDirByTotalFilesWithSubdirs};
+const EDuplicateDirCriterion kDirCriteria[] = {DupDirBySize,
+                                               DupDirBySizeWithSubdirs,
+                                               DupDirByName,
+                                               DupDirByCrc,
+                                               DupDirByCrcWithSubdirs,
+                                               DupDirByTotalFiles,
+                                               DupDirByTotalFilesWithSubdirs};
 
 template <size_t N>
 int WordIndex(const char* const (&aWords)[N], const std::string& strWord) {
@@ -62,8 +65,7 @@ void ApplyDirCriteria(const std::vector<std::string>& aBy, CDuplicateDirCriteria
         for (const std::string& strWord : aBy)
             criteria.m_aCriteria[kDirCriteria[WordIndex(kDirWords, strWord)]] = 1;
     }
-    if (!criteria.Any())
-        criteria.m_aCriteria[DupDirBySize] = criteria.m_aCriteria[DupDirByCrc] = 1;
+    if (!criteria.Any()) criteria.m_aCriteria[DupDirBySize] = criteria.m_aCriteria[DupDirByCrc] = 1;
 }
 
 std::string WholeNumber(double d) {
@@ -91,8 +93,8 @@ std::vector<CGroupOut> FileGroups(CWZorvaneDoc& doc) {
 
 std::vector<CGroupOut> DirGroups(CWZorvaneDoc& doc) {
     const int32_t* a = doc.m_options.m_dupDirs.m_aCriteria;
-    const bool bWithSub = a[DupDirBySizeWithSubdirs] || a[DupDirByCrcWithSubdirs] ||
-                          a[DupDirByTotalFilesWithSubdirs];
+    const bool bWithSub =
+        a[DupDirBySizeWithSubdirs] || a[DupDirByCrcWithSubdirs] || a[DupDirByTotalFilesWithSubdirs];
     std::vector<CGroupOut> aOut;
     for (const CDuplicateDirGroup& group : doc.m_results.m_aDuplicateDirGroups) {
         CGroupOut out;
@@ -108,7 +110,8 @@ std::string FormatText(const std::vector<CGroupOut>& aGroups) {
     std::string strOut;
     for (size_t i = 0; i < aGroups.size(); ++i) {
         if (i) strOut += "\n";
-        strOut += "Group " + std::to_string(i) + ": " + WholeNumber(aGroups[i].m_dSize) + " bytes\n";
+        strOut +=
+            "Group " + std::to_string(i) + ": " + WholeNumber(aGroups[i].m_dSize) + " bytes\n";
         for (const std::u16string& strPath : aGroups[i].m_aPaths)
             strOut += platform::Utf16ToUtf8(strPath) + "\n";
     }
@@ -143,8 +146,7 @@ size_t CountUnreadable(const CWZorvaneDoc& doc) {
     size_t n = doc.m_scan.m_aProtectedDirs.size();
     for (const CFileData* pFile : doc.m_scan.m_aAllFiles) {
         if (pFile->m_uFlags & FILE_CRC_FROM_LIST) continue;
-        if (pFile->m_uFlags &
-            (FILE_CRC_FAILED | FILE_CRC_NOTAGS_FAILED | FILE_PARTIAL_CRC_FAILED))
+        if (pFile->m_uFlags & (FILE_CRC_FAILED | FILE_CRC_NOTAGS_FAILED | FILE_PARTIAL_CRC_FAILED))
             ++n;
     }
     return n;
@@ -166,10 +168,17 @@ void AppendJsonString(std::string& strOut, std::u16string_view strText) {
             strOut += static_cast<char>(ch);
         } else if (ch < 0x20) {
             switch (ch) {
-                case u'\n': strOut += "\\n"; break;
-                case u'\r': strOut += "\\r"; break;
-                case u'\t': strOut += "\\t"; break;
-                default: Escape(ch);
+                case u'\n':
+                    strOut += "\\n";
+                    break;
+                case u'\r':
+                    strOut += "\\r";
+                    break;
+                case u'\t':
+                    strOut += "\\t";
+                    break;
+                default:
+                    Escape(ch);
             }
         } else if (ch >= 0xD800 && ch <= 0xDBFF && i + 1 < strText.size() &&
                    strText[i + 1] >= 0xDC00 && strText[i + 1] <= 0xDFFF) {
@@ -219,7 +228,8 @@ int RunDupsCommand(CDupsOptions& options) {
         if (options.m_bAnsi) doc.m_print.m_aFlags[SaveAsUnicode] = 0;
         const int nWritten = WriteResultReportOutput(
             doc, options.m_strFormat,
-            options.m_bDirectories ? ResultDuplicateDirs : ResultDuplicateFiles, options.m_strOutput,
+            options.m_bDirectories ? ResultDuplicateDirs : ResultDuplicateFiles,
+            options.m_strOutput,
             options.m_bDirectories ? "zorvane-cli dupdirs" : "zorvane-cli dups");
         if (nWritten != kExitOk) return nWritten;
         return CountUnreadable(doc) ? kUnreadable : 0;
@@ -254,8 +264,8 @@ int RunDupsCommand(CDupsOptions& options) {
 }
 
 CDupsCommands::CDupsCommands(CLI::App& app) {
-    auto Add = [&app](const char* pszName, const char* pszHelp, CDupsOptions& options,
-                      auto& aWords, const char* pszByHelp) {
+    auto Add = [&app](const char* pszName, const char* pszHelp, CDupsOptions& options, auto& aWords,
+                      const char* pszByHelp) {
         CLI::App* pCommand = app.add_subcommand(pszName, pszHelp);
         AddScanOptions(*pCommand, options.m_scan);
         pCommand->add_flag("--json", options.m_scan.m_bJson,

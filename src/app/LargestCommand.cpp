@@ -200,16 +200,17 @@ int RunLargestCommand(const CLargestCommandOptions& options) {
         // --count cuts the tables' rows in the report as in the other forms.
         if (options.m_nCount && *options.m_nCount >= 0) {
             CTotalTables& totals = doc.m_results.m_totals;
-            CTotalTable& aTable = options.m_strKind == "owners" ? totals.m_aOwners : totals.m_aTypes;
+            CTotalTable& aTable =
+                options.m_strKind == "owners" ? totals.m_aOwners : totals.m_aTypes;
             if (aTable.size() > size_t(*options.m_nCount)) aTable.resize(size_t(*options.m_nCount));
         }
-        const EResultReport eReport = options.m_strKind == "files"  ? ResultLargestFiles
-                                      : options.m_strKind == "dirs" ? ResultLargestDirs
+        const EResultReport eReport = options.m_strKind == "files"    ? ResultLargestFiles
+                                      : options.m_strKind == "dirs"   ? ResultLargestDirs
                                       : options.m_strKind == "owners" ? ResultLargestOwner
                                                                       : ResultLargestType;
-        return std::max(nStatus, WriteResultReportOutput(doc, options.m_strFormat, eReport,
-                                                         options.m_strOutput,
-                                                         "zorvane-cli largest"));
+        return std::max(
+            nStatus, WriteResultReportOutput(doc, options.m_strFormat, eReport, options.m_strOutput,
+                                             "zorvane-cli largest"));
     }
     std::FILE* pOut = stdout;
     if (!options.m_strOutput.empty()) {

@@ -4,12 +4,12 @@
 #include <cstdlib>
 
 #include "analyses/CrcList.h"
-#include "app/AutoPrintRuns.h"
-#include "platform/Text.h"
 #include "analyses/DuplicateDirFinder.h"
 #include "analyses/DuplicateFileFinder.h"
+#include "app/AutoPrintRuns.h"
 #include "core/document/Document.h"
 #include "core/state/RememberedLists.h"
+#include "platform/Text.h"
 
 namespace zv {
 

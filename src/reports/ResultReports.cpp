@@ -128,9 +128,9 @@ void WriteText(CReportContext& ctx, EResultReport eReport) {
         case ResultLargestType:
             ReportHeaderText(ctx, TotalsTitle(eReport));
             for (const auto& pEntry : TotalsOf(doc, eReport))
-                out << PadLeft(pEntry->m_strKey, 16) << ", files="
-                    << PadLeft(GroupThousands(Count(pEntry->m_nFiles)), 9) << ", size="
-                    << PadLeft(ctx.SizeWithUnits(pEntry->m_dSize), 20) << "\n";
+                out << PadLeft(pEntry->m_strKey, 16)
+                    << ", files=" << PadLeft(GroupThousands(Count(pEntry->m_nFiles)), 9)
+                    << ", size=" << PadLeft(ctx.SizeWithUnits(pEntry->m_dSize), 20) << "\n";
             break;
     }
 }
@@ -259,18 +259,17 @@ void WriteHtml(CReportContext& ctx, EResultReport eReport) {
             const CHtmlCells cells = WriteTableHeaderHtml(ctx, true, false, false, false);
             const CHtmlCells cut{cells.m_strLeft.substr(0, cells.m_strLeft.size() - 1),
                                  cells.m_strRight.substr(0, cells.m_strRight.size() - 1)};
-            ForEachRow(Flatten(doc.m_results.m_aDuplicateDirGroups),
-                       [&](CDirectoryData& dir, bool bNew) {
-                           if (bColours) {
-                               const CHtmlCells coloured{
-                                   ColouredCell(cut.m_strLeft, dir.m_nDuplicateGroup),
-                                   ColouredCell(cut.m_strRight, dir.m_nDuplicateGroup)};
-                               WriteDirRowHtml(ctx, dir, true, false, coloured, false, false);
-                               return;
-                           }
-                           if (bNew) WriteNullDirRowHtml(ctx, cells, false, false);
-                           WriteDirRowHtml(ctx, dir, true, false, cells, false, false);
-                       });
+            ForEachRow(Flatten(doc.m_results.m_aDuplicateDirGroups), [&](CDirectoryData& dir,
+                                                                         bool bNew) {
+                if (bColours) {
+                    const CHtmlCells coloured{ColouredCell(cut.m_strLeft, dir.m_nDuplicateGroup),
+                                              ColouredCell(cut.m_strRight, dir.m_nDuplicateGroup)};
+                    WriteDirRowHtml(ctx, dir, true, false, coloured, false, false);
+                    return;
+                }
+                if (bNew) WriteNullDirRowHtml(ctx, cells, false, false);
+                WriteDirRowHtml(ctx, dir, true, false, cells, false, false);
+            });
             out << "</table>\n</html>\n</body>\n";
             break;
         }
@@ -314,8 +313,8 @@ void WriteXml(CReportContext& ctx, EResultReport eReport) {
         case ResultDuplicateDirs: {
             ReportHeaderXml(ctx, u"Duplicate Directories");
             static constexpr const char* kAttributes[DupDirCriterionCount] = {
-                "ByName='1' ", "BySize='1' ", "BySizeWSub='1' ", "ByCRC='1' ", "ByCRCwSub='1' ",
-                "ByTotalFiles='1' ", "ByTotalFilesWSub='1' "};
+                "ByName='1' ",    "BySize='1' ",       "BySizeWSub='1' ",      "ByCRC='1' ",
+                "ByCRCwSub='1' ", "ByTotalFiles='1' ", "ByTotalFilesWSub='1' "};
             out << "<Duplicates ";
             for (int i = 0; i < DupDirCriterionCount; ++i)
                 if (doc.m_options.m_dupDirs.m_aCriteria[i]) out << kAttributes[i];
@@ -331,7 +330,8 @@ void WriteXml(CReportContext& ctx, EResultReport eReport) {
             break;
         case ResultLargestDirs:
             ReportHeaderXml(ctx, u"Largest directories");
-            for (CDirectoryData* pDir : doc.m_results.m_aLargestDirs) WriteDirXml(ctx, *pDir, false);
+            for (CDirectoryData* pDir : doc.m_results.m_aLargestDirs)
+                WriteDirXml(ctx, *pDir, false);
             break;
         case ResultLargestOwner:
         case ResultLargestType: {

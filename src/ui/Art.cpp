@@ -112,7 +112,7 @@ wxBitmap StopButton() {
         dc.Clear();
         dc.SetPen(wxPen(wxColour(120, 0, 0)));
         dc.SetBrush(wxBrush(wxColour(210, 30, 30)));
-        const wxPoint aOctagon[] = {{5, 1}, {11, 1}, {15, 5}, {15, 11},
+        const wxPoint aOctagon[] = {{5, 1},   {11, 1}, {15, 5}, {15, 11},
                                     {11, 15}, {5, 15}, {1, 11}, {1, 5}};
         dc.DrawPolygon(8, aOctagon);
         dc.SetPen(wxPen(*wxWHITE, 2));

@@ -35,10 +35,10 @@ CFileAttributesView::CFileAttributesView(wxWindow* pParent, CZorvaneFrame& frame
 
 void CFileAttributesView::InsertListColumn(EListColumn eColumn, int nWidth) {
     const int nShare = static_cast<int>(nWidth * CFileListColumns::WidthShare(eColumn));
-    AppendColumn(ToWx(CFileListColumns::Title(eColumn)),
-                 CFileListColumns::IsRightAligned(eColumn) ? wxLIST_FORMAT_RIGHT
-                                                           : wxLIST_FORMAT_LEFT,
-                 nShare > 0 ? nShare : 100);
+    AppendColumn(
+        ToWx(CFileListColumns::Title(eColumn)),
+        CFileListColumns::IsRightAligned(eColumn) ? wxLIST_FORMAT_RIGHT : wxLIST_FORMAT_LEFT,
+        nShare > 0 ? nShare : 100);
 }
 
 void CFileAttributesView::OnInitialUpdate() {
@@ -147,9 +147,9 @@ void CFileAttributesView::ShowSortArrow() {
 void CFileAttributesView::OnColumnClick(wxListEvent& event) {
     CWZorvaneDoc& doc = m_frame.Document();
     if (doc.m_bScanning || event.GetColumn() < 0) return;
-    const CSortCodes codes = SortForHeaderClick(
-        m_columns.ColumnAt(static_cast<size_t>(event.GetColumn())),
-        {doc.m_options.m_nFileSort, doc.m_options.m_nDirSort});
+    const CSortCodes codes =
+        SortForHeaderClick(m_columns.ColumnAt(static_cast<size_t>(event.GetColumn())),
+                           {doc.m_options.m_nFileSort, doc.m_options.m_nDirSort});
     SetSort(codes.m_nFileSort, codes.m_nDirSort);
 }
 
@@ -191,8 +191,8 @@ void CFileAttributesView::SelectAll(bool bSelect, bool bInvert) {
     for (long i = 0; i < nCount; ++i) {
         const bool bSelected = GetItemState(i, wxLIST_STATE_SELECTED) != 0;
         const bool bWanted = bInvert ? !bSelected : bSelect;
-        if (bWanted != bSelected) SetItemState(i, bWanted ? wxLIST_STATE_SELECTED : 0,
-                                               wxLIST_STATE_SELECTED);
+        if (bWanted != bSelected)
+            SetItemState(i, bWanted ? wxLIST_STATE_SELECTED : 0, wxLIST_STATE_SELECTED);
     }
     Thaw();
     UpdateStatusPanes();
@@ -200,17 +200,28 @@ void CFileAttributesView::SelectAll(bool bSelect, bool bInvert) {
 
 void CFileAttributesView::OnUpdate(int nHint) {
     switch (nHint) {
-        case CmdSelectAll: SelectAll(true, false); break;
-        case CmdUnselectAll: SelectAll(false, false); break;
-        case CmdInvertSelection: SelectAll(false, true); break;
-        case CmdOpen: OpenSelected(); break;
-        case CmdNewFolder: NewFolder(); break;
+        case CmdSelectAll:
+            SelectAll(true, false);
+            break;
+        case CmdUnselectAll:
+            SelectAll(false, false);
+            break;
+        case CmdInvertSelection:
+            SelectAll(false, true);
+            break;
+        case CmdOpen:
+            OpenSelected();
+            break;
+        case CmdNewFolder:
+            NewFolder();
+            break;
         case CmdRename: {
             const long nItem = GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_FOCUSED);
             EditLabel(nItem >= 0 ? nItem : GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED));
             break;
         }
-        default: break;
+        default:
+            break;
     }
 }
 

@@ -21,8 +21,8 @@ enum { IdAdd = wxID_HIGHEST + 1, IdRemove };
 }  // namespace
 
 CFilterListDlg::CFilterListDlg(wxWindow* pParent, CWZorvaneDoc& doc, EFilterList eList)
-    : wxDialog(pParent, wxID_ANY, ToWx(FilterListNames(eList).m_pszDialogTitle),
-               wxDefaultPosition, wxSize(460, 380), wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
+    : wxDialog(pParent, wxID_ANY, ToWx(FilterListNames(eList).m_pszDialogTitle), wxDefaultPosition,
+               wxSize(460, 380), wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
       m_doc(doc),
       m_eList(eList) {
     auto* pSizer = new wxBoxSizer(wxVERTICAL);
@@ -30,8 +30,8 @@ CFilterListDlg::CFilterListDlg(wxWindow* pParent, CWZorvaneDoc& doc, EFilterList
                                wxLB_EXTENDED);
     pSizer->Add(m_pEntries, 1, wxEXPAND | wxALL, 6);
     auto* pRow = new wxBoxSizer(wxHORIZONTAL);
-    m_pEdit = new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize,
-                             wxTE_PROCESS_ENTER);
+    m_pEdit =
+        new wxTextCtrl(this, wxID_ANY, "", wxDefaultPosition, wxDefaultSize, wxTE_PROCESS_ENTER);
     pRow->Add(m_pEdit, 1, wxEXPAND | wxRIGHT, 6);
     pRow->Add(new wxButton(this, IdAdd, "Add"), 0, wxRIGHT, 6);
     pRow->Add(new wxButton(this, IdRemove, "Remove"));

@@ -7,6 +7,8 @@
 #include <wx/uiaction.h>
 #include <wx/utils.h>
 
+#include <cstdio>
+
 #include "core/document/Document.h"
 #include "core/records/DirectoryData.h"
 #include "core/records/FileData.h"
@@ -20,8 +22,6 @@
 #include "ui/ZorvaneApp.h"
 #include "ui/ZorvaneFrame.h"
 #include "ui/logic/CommandTable.h"
-
-#include <cstdio>
 
 namespace zv {
 
@@ -135,7 +135,8 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
                 return true;
             }
             tree.SetFocus();
-            ClickAt(tree.ClientToScreen(rect.GetPosition() + wxPoint(rect.width / 2, rect.height / 2)));
+            ClickAt(
+                tree.ClientToScreen(rect.GetPosition() + wxPoint(rect.width / 2, rect.height / 2)));
             return true;
         }
         case 2: {
@@ -189,8 +190,8 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
             for (size_t i = 0; pDir && i < pDir->m_aChildren.GetSize(); ++i)
                 bFound = bFound || pDir->m_aChildren[i]->m_strName == u"renamed folder";
             if (!bFound) return false;
-            Check(wxDirExists(ToWx(pDir->GetFullPath() + platform::kPathSeparator +
-                                   u"renamed folder")),
+            Check(wxDirExists(
+                      ToWx(pDir->GetFullPath() + platform::kPathSeparator + u"renamed folder")),
                   "New Folder and the rename in place reached the disk");
             Screenshot("gui-5-folder-renamed");
             m_host.m_nPumpDelayMicroseconds = kSlowPumpMicroseconds;
@@ -220,7 +221,8 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
             m_nLastStep = m_nStep;
             return true;
         }
-        default: return true;
+        default:
+            return true;
     }
 }
 

@@ -1,8 +1,8 @@
 // The program's own test hook, switched on by the environment variable
 // ZORVANE_GUI_TEST=DIRECTORY: a timer walks the main window through a
 // scan, a click on a tree item, clicks on a column header, New Folder
-// renamed in place by typing, a rescan that is stopped and a full rescan, checking what the controls show and asking
-// for a screenshot of the screen after each step. A screenshot is asked
+// renamed in place by typing, a rescan that is stopped and a full rescan, checking what the
+// controls show and asking for a screenshot of the screen after each step. A screenshot is asked
 // for by writing NAME.request into the directory and waiting for NAME.png
 // (the test's runner takes it), so the same driver serves the Linux build
 // and the Windows build under Wine. ZORVANE_GUI_TEST_STEPS=1 stops after

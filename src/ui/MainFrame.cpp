@@ -72,17 +72,23 @@ void CMainFrame::BuildToolbar() {
     const wxSize size(16, 16);
     auto art = [&](const wxArtID& id) { return wxArtProvider::GetBitmap(id, wxART_TOOLBAR, size); };
     // The tree view's list, in its order.
-    pBar->AddTool(MenuId(CmdSelectRoots), "Select", art(wxART_FOLDER_OPEN), "Select starting directory");
+    pBar->AddTool(MenuId(CmdSelectRoots), "Select", art(wxART_FOLDER_OPEN),
+                  "Select starting directory");
     pBar->AddTool(MenuId(CmdSave), "Save", art(wxART_FILE_SAVE), "Save");
     pBar->AddTool(MenuId(CmdRescan), "Rescan", art(wxART_REDO), "Rescan starting directory");
-    pBar->AddTool(MenuId(CmdDisplayParent), "Parent", art(wxART_GO_DIR_UP), "Display parent directory");
-    pBar->AddTool(MenuId(CmdOpenAllFolders), "Open all", art(wxART_PLUS), "Open all directory folders");
-    pBar->AddTool(MenuId(CmdCloseAllFolders), "Close all", art(wxART_MINUS), "Close all directory folders");
+    pBar->AddTool(MenuId(CmdDisplayParent), "Parent", art(wxART_GO_DIR_UP),
+                  "Display parent directory");
+    pBar->AddTool(MenuId(CmdOpenAllFolders), "Open all", art(wxART_PLUS),
+                  "Open all directory folders");
+    pBar->AddTool(MenuId(CmdCloseAllFolders), "Close all", art(wxART_MINUS),
+                  "Close all directory folders");
     pBar->AddTool(MenuId(CmdFind), "Find", art(wxART_FIND), "Find");
     pBar->AddTool(MenuId(CmdPrint), "Print", art(wxART_PRINT), "Print");
     pBar->AddTool(MenuId(CmdDeleteRecycle), "Delete", art(wxART_DELETE), "Delete (to recycle bin)");
-    pBar->AddTool(MenuId(CmdComputeCrc), "CRC", LabelButton("C", wxColour(40, 120, 60)), "Compute CRC");
-    pBar->AddTool(MenuId(CmdViewOwner), "Owner", LabelButton("O", wxColour(60, 80, 160)), "View Owner");
+    pBar->AddTool(MenuId(CmdComputeCrc), "CRC", LabelButton("C", wxColour(40, 120, 60)),
+                  "Compute CRC");
+    pBar->AddTool(MenuId(CmdViewOwner), "Owner", LabelButton("O", wxColour(60, 80, 160)),
+                  "View Owner");
     pBar->AddTool(MenuId(CmdViewVersion), "Version", LabelButton("V", wxColour(130, 70, 150)),
                   "View Version");
     pBar->AddTool(MenuId(CmdStop), "Stop", StopButton(), "Stop");
@@ -91,8 +97,8 @@ void CMainFrame::BuildToolbar() {
     const long nStyle = wxTE_READONLY;
     m_pFileCountLabel = new wxTextCtrl(pBar, wxID_ANY, "# Files:", wxDefaultPosition,
                                        wxSize(80, -1), nStyle | wxBORDER_NONE);
-    m_pFileCount = new wxTextCtrl(pBar, wxID_ANY, "", wxDefaultPosition, wxSize(80, -1),
-                                  nStyle | wxTE_RIGHT);
+    m_pFileCount =
+        new wxTextCtrl(pBar, wxID_ANY, "", wxDefaultPosition, wxSize(80, -1), nStyle | wxTE_RIGHT);
     m_pStatusField = new wxTextCtrl(pBar, wxID_ANY, "", wxDefaultPosition, wxSize(520, -1), nStyle);
     pBar->AddControl(m_pFileCountLabel);
     pBar->AddControl(m_pFileCount);
@@ -132,10 +138,18 @@ CZorvaneFrame* CMainFrame::ShowMainDocument(CWZorvaneDoc& doc, IScanSteps& progr
 
 void CMainFrame::OnCommand(wxCommandEvent& event) {
     switch (CommandOfMenuId(event.GetId())) {
-        case CmdExit: Close(); return;
-        case CmdCascade: Cascade(); return;
-        case CmdTileHorizontal: Tile(wxHORIZONTAL); return;
-        case CmdTileVertical: Tile(wxVERTICAL); return;
+        case CmdExit:
+            Close();
+            return;
+        case CmdCascade:
+            Cascade();
+            return;
+        case CmdTileHorizontal:
+            Tile(wxHORIZONTAL);
+            return;
+        case CmdTileVertical:
+            Tile(wxVERTICAL);
+            return;
         case CmdStatusBar:
             GetStatusBar()->Show(!GetStatusBar()->IsShown());
             SendSizeEvent();

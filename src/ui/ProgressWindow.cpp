@@ -43,7 +43,9 @@ void CProgressWindow::SetLine(int nLine, std::u16string_view strText) {
     if (nLine >= 1 && nLine <= 3) m_apLines[nLine - 1]->SetLabel(ToWx(strText));
 }
 
-void CProgressWindow::SetPercent(int nPercent) { m_pBar->SetValue(nPercent > 100 ? 100 : nPercent); }
+void CProgressWindow::SetPercent(int nPercent) {
+    m_pBar->SetValue(nPercent > 100 ? 100 : nPercent);
+}
 
 void CProgressWindow::OnCancel(wxCommandEvent&) {
     m_dialog.OnCancel();

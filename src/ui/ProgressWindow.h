@@ -33,7 +33,8 @@ private:
 // What the core's progress dialog keeps: the window, destroyed with it.
 class CProgressWindowView : public IProgressView {
 public:
-    explicit CProgressWindowView(CProgressDialog& dialog) : m_pWindow(new CProgressWindow(dialog)) {}
+    explicit CProgressWindowView(CProgressDialog& dialog)
+        : m_pWindow(new CProgressWindow(dialog)) {}
     ~CProgressWindowView() override { m_pWindow->Destroy(); }
     void SetText(std::u16string_view strText) override { m_pWindow->SetText(strText); }
     void SetLine(int nLine, std::u16string_view strText) override {

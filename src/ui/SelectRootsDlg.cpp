@@ -20,13 +20,13 @@ enum { IdBrowse = wxID_HIGHEST + 1, IdAddTyped, IdDeleteSelected, IdDeleteAll };
 }  // namespace
 
 CSelectRootsDlg::CSelectRootsDlg(wxWindow* pParent, CWZorvaneDoc& doc)
-    : wxDialog(pParent, wxID_ANY, "Selected Root Directories", wxDefaultPosition,
-               wxSize(820, 420), wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
+    : wxDialog(pParent, wxID_ANY, "Selected Root Directories", wxDefaultPosition, wxSize(820, 420),
+               wxDEFAULT_DIALOG_STYLE | wxRESIZE_BORDER),
       m_selection(doc) {
     auto* pColumns = new wxBoxSizer(wxHORIZONTAL);
     auto* pLeft = new wxBoxSizer(wxVERTICAL);
-    pLeft->Add(new wxStaticText(this, wxID_ANY, "You can select many starting root directories"),
-               0, wxALL, 4);
+    pLeft->Add(new wxStaticText(this, wxID_ANY, "You can select many starting root directories"), 0,
+               wxALL, 4);
     m_pRoots = new wxListBox(this, wxID_ANY, wxDefaultPosition, wxSize(300, 280), 0, nullptr,
                              wxLB_EXTENDED | wxLB_HSCROLL);
     pLeft->Add(m_pRoots, 1, wxEXPAND | wxALL, 4);
@@ -58,7 +58,8 @@ CSelectRootsDlg::CSelectRootsDlg(wxWindow* pParent, CWZorvaneDoc& doc)
     SetSizer(pColumns);
 
     Bind(wxEVT_BUTTON, &CSelectRootsDlg::OnBrowse, this, IdBrowse);
-    Bind(wxEVT_BUTTON, [this](wxCommandEvent&) { AddTyped(); }, IdAddTyped);
+    Bind(
+        wxEVT_BUTTON, [this](wxCommandEvent&) { AddTyped(); }, IdAddTyped);
     Bind(wxEVT_BUTTON, &CSelectRootsDlg::OnDeleteSelected, this, IdDeleteSelected);
     Bind(wxEVT_BUTTON, &CSelectRootsDlg::OnDeleteAll, this, IdDeleteAll);
     Bind(wxEVT_BUTTON, &CSelectRootsDlg::OnOk, this, wxID_OK);
@@ -120,11 +121,20 @@ void CSelectRootsDlg::OnPreviousMenu(wxContextMenuEvent&) {
     menu.Append(IdRemove, "&Remove");
     menu.Append(IdRemoveAll, "Remove All");
     switch (GetPopupMenuSelectionFromUser(menu)) {
-        case IdAdd: m_selection.AddPreviousQuietly(Selected(m_pPrevious)); break;
-        case IdAddAll: m_selection.AddAllPreviousQuietly(); break;
-        case IdRemove: m_selection.RemovePrevious(Selected(m_pPrevious)); break;
-        case IdRemoveAll: m_selection.RemoveAllPrevious(); break;
-        default: return;
+        case IdAdd:
+            m_selection.AddPreviousQuietly(Selected(m_pPrevious));
+            break;
+        case IdAddAll:
+            m_selection.AddAllPreviousQuietly();
+            break;
+        case IdRemove:
+            m_selection.RemovePrevious(Selected(m_pPrevious));
+            break;
+        case IdRemoveAll:
+            m_selection.RemoveAllPrevious();
+            break;
+        default:
+            return;
     }
     FillLists();
 }
@@ -137,13 +147,15 @@ void CSelectRootsDlg::OnRootsMenu(wxContextMenuEvent&) {
     const std::vector<size_t> aSelected = Selected(m_pRoots);
     switch (GetPopupMenuSelectionFromUser(menu)) {
         case IdCopy:
-            if (!aSelected.empty()) m_pEdit->SetValue(ToWx(m_selection.EditBoxTextOf(aSelected[0])));
+            if (!aSelected.empty())
+                m_pEdit->SetValue(ToWx(m_selection.EditBoxTextOf(aSelected[0])));
             break;
         case IdDelete:
             m_selection.DeleteRoots(aSelected);
             FillLists();
             break;
-        default: break;
+        default:
+            break;
     }
 }
 

@@ -26,9 +26,9 @@ struct CDirItemData : wxTreeItemData {
 }  // namespace
 
 CTreeCtrlView::CTreeCtrlView(wxWindow* pParent, CZorvaneFrame& frame)
-    : wxTreeCtrl(pParent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                 wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_HIDE_ROOT | wxTR_SINGLE |
-                     wxTR_EDIT_LABELS),
+    : wxTreeCtrl(
+          pParent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
+          wxTR_HAS_BUTTONS | wxTR_LINES_AT_ROOT | wxTR_HIDE_ROOT | wxTR_SINGLE | wxTR_EDIT_LABELS),
       m_frame(frame) {
     AssignImageList(CreateFolderImages());
     m_top = AddRoot("");
@@ -172,8 +172,16 @@ void CTreeCtrlView::OnItemMenu(wxTreeEvent& event) {
     const bool bUsable = item.IsOk() && DirectoryOf(item) && !m_frame.Document().m_bScanning;
     enum { IdRename = 1, IdFirstUnbuilt };
     static const char* const apszUnbuilt[] = {
-        "Properties", "Send to MS Explorer", "CMD window here", "Delete (to recycle bin)",
-        "Delete (NO recycle bin)", "Cut", "Copy", "Paste", "Move To...", "Copy To...",
+        "Properties",
+        "Send to MS Explorer",
+        "CMD window here",
+        "Delete (to recycle bin)",
+        "Delete (NO recycle bin)",
+        "Cut",
+        "Copy",
+        "Paste",
+        "Move To...",
+        "Copy To...",
     };
     wxMenu menu;
     menu.Append(IdRename, "Rename");
@@ -209,8 +217,10 @@ void CTreeCtrlView::OnUpdate(int nHint) {
             if (pDir) SelectDirectory(pDir->m_pParent ? pDir->m_pParent : pDir);
             break;
         }
-        case CmdShowDirectory: break;
-        default: break;
+        case CmdShowDirectory:
+            break;
+        default:
+            break;
     }
 }
 

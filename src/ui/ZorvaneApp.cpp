@@ -41,8 +41,8 @@ bool CZorvaneApp::OnInit() {
         // A failed assertion is reported, never a box that waits.
         wxSetAssertHandler([](const wxString& strFile, int nLine, const wxString& strFunction,
                               const wxString& strCondition, const wxString& strMessage) {
-            const wxString strText = wxString::Format("assertion %s:%d %s: %s %s\n", strFile,
-                                                      nLine, strFunction, strCondition, strMessage);
+            const wxString strText = wxString::Format("assertion %s:%d %s: %s %s\n", strFile, nLine,
+                                                      strFunction, strCondition, strMessage);
             std::fputs(strText.utf8_str(), stderr);
         });
         m_pHost->m_bMessagesToStatus = true;

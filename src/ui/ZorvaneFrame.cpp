@@ -4,9 +4,9 @@
 #include <wx/splitter.h>
 
 #include "core/document/Document.h"
-#include "core/host/Host.h"
 #include "core/document/SizeText.h"
 #include "core/document/SortCodes.h"
+#include "core/host/Host.h"
 #include "core/scan/Scanner.h"
 #include "core/settings/SettingsFile.h"
 #include "filters/ScanFilter.h"
@@ -92,7 +92,9 @@ void CZorvaneFrame::Rescan() {
     UpdateFreeSpace();
 }
 
-void CZorvaneFrame::UpdateFreeSpace() { m_pMainFrame->SetPane(PaneFreeSpace, FreeSpaceText(m_doc)); }
+void CZorvaneFrame::UpdateFreeSpace() {
+    m_pMainFrame->SetPane(PaneFreeSpace, FreeSpaceText(m_doc));
+}
 
 void CZorvaneFrame::OnCommand(int nId) {
     if (nId == CmdStop) {
@@ -109,31 +111,69 @@ void CZorvaneFrame::OnCommand(int nId) {
         return;
     }
     switch (nId) {
-        case CmdSelectRoots: SelectRoots(); break;
-        case CmdRescan: Rescan(); break;
-        case CmdLoadSettings: LoadSettingsCommand(); break;
-        case CmdSaveSettings: SaveSettingsCommand(); break;
-        case CmdScanSubdirs: options.m_bScanSubdirs = !options.m_bScanSubdirs; break;
-        case CmdCheckStreams: options.m_bCheckStreams = !options.m_bCheckStreams; break;
+        case CmdSelectRoots:
+            SelectRoots();
+            break;
+        case CmdRescan:
+            Rescan();
+            break;
+        case CmdLoadSettings:
+            LoadSettingsCommand();
+            break;
+        case CmdSaveSettings:
+            SaveSettingsCommand();
+            break;
+        case CmdScanSubdirs:
+            options.m_bScanSubdirs = !options.m_bScanSubdirs;
+            break;
+        case CmdCheckStreams:
+            options.m_bCheckStreams = !options.m_bCheckStreams;
+            break;
         case CmdCrcHex:
         case CmdCrcDecimal:
             options.m_bCrcHex = nId == CmdCrcHex;
             options.m_bCrcDecimal = nId == CmdCrcDecimal;
             m_pList->Refresh();
             break;
-        case CmdFilterFileNames: EditFilterList(FilterFileNames); break;
-        case CmdFilterFileNamesExclude: EditFilterList(FilterFileNamesExclude); break;
-        case CmdFilterFullPathExclude: EditFilterList(FilterFullPathExclude); break;
-        case CmdFilterVersion: EditFilterList(FilterVersionFiles); break;
-        case CmdFilterOffice: EditFilterList(FilterOfficeExtensions); break;
-        case CmdFilterOwners: EditFilterList(FilterOwners); break;
-        case CmdFilterOwnersExclude: EditFilterList(FilterOwnersExclude); break;
-        case CmdFilterDirExclude: EditFilterList(FilterDirExclude); break;
-        case CmdFilterDir: EditFilterList(FilterDir); break;
-        case CmdSizeBytes: SetSizeUnit(0); break;
-        case CmdSizeKilobytes: SetSizeUnit(1); break;
-        case CmdSizeMegabytes: SetSizeUnit(2); break;
-        case CmdSizeGigabytes: SetSizeUnit(3); break;
+        case CmdFilterFileNames:
+            EditFilterList(FilterFileNames);
+            break;
+        case CmdFilterFileNamesExclude:
+            EditFilterList(FilterFileNamesExclude);
+            break;
+        case CmdFilterFullPathExclude:
+            EditFilterList(FilterFullPathExclude);
+            break;
+        case CmdFilterVersion:
+            EditFilterList(FilterVersionFiles);
+            break;
+        case CmdFilterOffice:
+            EditFilterList(FilterOfficeExtensions);
+            break;
+        case CmdFilterOwners:
+            EditFilterList(FilterOwners);
+            break;
+        case CmdFilterOwnersExclude:
+            EditFilterList(FilterOwnersExclude);
+            break;
+        case CmdFilterDirExclude:
+            EditFilterList(FilterDirExclude);
+            break;
+        case CmdFilterDir:
+            EditFilterList(FilterDir);
+            break;
+        case CmdSizeBytes:
+            SetSizeUnit(0);
+            break;
+        case CmdSizeKilobytes:
+            SetSizeUnit(1);
+            break;
+        case CmdSizeMegabytes:
+            SetSizeUnit(2);
+            break;
+        case CmdSizeGigabytes:
+            SetSizeUnit(3);
+            break;
         default:
             m_pTree->OnUpdate(nId);
             m_pList->OnUpdate(nId);
@@ -162,8 +202,8 @@ void CZorvaneFrame::SelectRoots() {
 }
 
 void CZorvaneFrame::LoadSettingsCommand() {
-    wxFileDialog dialog(this, "Select a settings file", "", "", "Text file (*.txt)|*.txt|All files|*",
-                        wxFD_OPEN | wxFD_FILE_MUST_EXIST);
+    wxFileDialog dialog(this, "Select a settings file", "", "",
+                        "Text file (*.txt)|*.txt|All files|*", wxFD_OPEN | wxFD_FILE_MUST_EXIST);
     if (dialog.ShowModal() != wxID_OK) return;
     LoadSettings(m_doc, FromWx(dialog.GetPath()), true);
     m_pList->ApplyColumnSettings();
@@ -175,7 +215,8 @@ void CZorvaneFrame::SaveSettingsCommand() {
                         wxFD_SAVE | wxFD_OVERWRITE_PROMPT);
     if (dialog.ShowModal() != wxID_OK) return;
     wxString strPath = dialog.GetPath();
-    if (!strPath.Lower().EndsWith(".txt") && !strPath.AfterLast('/').Contains(".")) strPath += ".txt";
+    if (!strPath.Lower().EndsWith(".txt") && !strPath.AfterLast('/').Contains("."))
+        strPath += ".txt";
     if (!SaveSettingsFile(m_doc, FromWx(strPath)))
         Host().ShowMessage(u"Cannot save settings to " + FromWx(strPath));
 }

@@ -5,8 +5,8 @@
 #include "AnalysesTestSupport.h"
 #include "analyses/Crc32OfFile.h"
 #include "analyses/CrcProgress.h"
-#include "core/records/Crc32.h"
 #include "core/document/Document.h"
+#include "core/records/Crc32.h"
 #include "support/TempDir.h"
 
 namespace zv {

@@ -11,8 +11,8 @@
 #include "analyses/Crc32OfFile.h"
 #include "analyses/CrcProgress.h"
 #include "analyses/CrcServices.h"
-#include "core/records/Crc32.h"
 #include "core/document/Document.h"
+#include "core/records/Crc32.h"
 #include "core/records/RecordTestSupport.h"
 #include "support/TempDir.h"
 

@@ -78,8 +78,8 @@ protected:
                 // A member whose parent is a member of some group goes.
                 std::erase_if(dirs, [&](const std::string& d) {
                     const size_t nSlash = d.rfind('/');
-                    const std::string strParent = nSlash == std::string::npos ? std::string(".")
-                                                                              : d.substr(0, nSlash);
+                    const std::string strParent =
+                        nSlash == std::string::npos ? std::string(".") : d.substr(0, nSlash);
                     for (const auto& [k, others] : mapGroups)
                         if (others.size() >= 2 && others.count(strParent)) return true;
                     return false;
@@ -90,7 +90,8 @@ protected:
         return result;
     }
     CGroupSet Run(std::initializer_list<EDuplicateDirCriterion> aCriteria) {
-        for (EDuplicateDirCriterion e : aCriteria) m_tree.m_doc.m_options.m_dupDirs.m_aCriteria[e] = 1;
+        for (EDuplicateDirCriterion e : aCriteria)
+            m_tree.m_doc.m_options.m_dupDirs.m_aCriteria[e] = 1;
         EXPECT_TRUE(FindDuplicateDirs(m_tree.m_doc));
         return m_tree.Result(m_tree.m_doc.m_results.m_aDuplicateDirGroups);
     }
@@ -112,8 +113,8 @@ TEST_F(DuplicateDirFinderTest, CrcAndSizeCompareOwnFilesOnly) {
 }
 
 TEST_F(DuplicateDirFinderTest, NameAloneGroupsEqualNames) {
-    EXPECT_EQ(Run({DupDirByName}), (CGroupSet{{"top1/sub", "top2/sub"},
-                                              {"top1/sub/deeper", "top2/sub/deeper"}}));
+    EXPECT_EQ(Run({DupDirByName}),
+              (CGroupSet{{"top1/sub", "top2/sub"}, {"top1/sub/deeper", "top2/sub/deeper"}}));
 }
 
 TEST_F(DuplicateDirFinderTest, FewerThanTwoDirectoriesGiveNoRun) {

@@ -35,7 +35,8 @@ std::string Mp3(const std::string& strBody, char chTag) {
 std::string WithoutTags(const std::string& strName, const std::string& s) {
     if (strName.size() < 4 || strName.substr(strName.size() - 4) != ".mp3") return s;
     size_t nBegin = s.compare(0, 3, "ID3") == 0 ? 0x14 : 0;
-    size_t nEnd = s.size() >= 128 && s.compare(s.size() - 128, 3, "TAG") == 0 ? s.size() - 128 : s.size();
+    size_t nEnd =
+        s.size() >= 128 && s.compare(s.size() - 128, 3, "TAG") == 0 ? s.size() - 128 : s.size();
     return nBegin < nEnd ? s.substr(nBegin, nEnd - nBegin) : std::string();
 }
 
@@ -142,15 +143,35 @@ TEST(DuplicatePassListTest, ExamplesOfTheCriteria) {
         std::vector<E> aExpected;
     };
     const CCase aCases[] = {
-        {true, false, true, false, false, false,
+        {true,
+         false,
+         true,
+         false,
+         false,
+         false,
          {E::Size, E::SmallGroupsCrc, E::QuickCrc, E::SmallGroupsCrc, E::FullCrc}},
         {true, false, true, false, false, true, {E::Size, E::SmallGroupsCrc, E::FullCrc}},
         {false, true, false, false, false, false, {E::Name}},
-        {false, false, false, false, true, false,
+        {false,
+         false,
+         false,
+         false,
+         true,
+         false,
          {E::Size, E::SmallGroups, E::QuickCrc, E::SmallGroups, E::ByteCompare}},
-        {true, false, false, false, true, false,
+        {true,
+         false,
+         false,
+         false,
+         true,
+         false,
          {E::Size, E::SmallGroups, E::QuickCrc, E::SmallGroups, E::ByteCompare}},
-        {false, false, true, false, true, false,
+        {false,
+         false,
+         true,
+         false,
+         true,
+         false,
          {E::Size, E::SmallGroupsCrc, E::QuickCrc, E::SmallGroupsCrc, E::FullCrc, E::ByteCompare,
           E::Size, E::SmallGroups, E::QuickCrc, E::SmallGroups, E::ByteCompare}},
         {false, true, false, true, false, false, {E::Name, E::Mp3Crc}},
@@ -241,10 +262,12 @@ TEST(DuplicateOptionChecksTest, RefusalsInTheirOrder) {
         const char16_t* pszExpected;
     };
     const CCase aCases[] = {
-        {true, false, true, false, true, false, u"Please select the method to detect duplicate files"},
+        {true, false, true, false, true, false,
+         u"Please select the method to detect duplicate files"},
         {true, true, true, false, true, false,
          u"Please select the method to detect duplicate directories"},
-        {false, false, false, false, true, false, u"Please select a sound file to play when finished"},
+        {false, false, false, false, true, false,
+         u"Please select a sound file to play when finished"},
         {false, false, true, true, true, true, u""},
     };
     for (const CCase& c : aCases) {

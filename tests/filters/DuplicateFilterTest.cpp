@@ -82,7 +82,8 @@ TEST_P(DuplicateFilterTest, KeepsExactlyTheDuplicatesOfTheFilterFiles) {
 
     std::set<std::string> kept, expected;
     for (const CFileData* pFile : doc.m_scan.m_aAllFiles)
-        kept.insert(fs::path(pFile->GetFullPath()).lexically_relative(m_temp.Path()).generic_string());
+        kept.insert(
+            fs::path(pFile->GetFullPath()).lexically_relative(m_temp.Path()).generic_string());
     for (const auto& [strPath, strContent] : m_scanned) {
         for (const auto& [strFilter, strFilterContent] : m_filterFiles) {
             if (c.bName && fs::path(strPath).filename() != fs::path(strFilter).filename()) continue;

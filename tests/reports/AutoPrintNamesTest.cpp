@@ -13,16 +13,17 @@ TEST(AutoPrintNames, ExtensionQuestions) {
         const char16_t* pszName;
         bool bAsks;
     } kCases[] = {
-        {PrintTypeText, u"report.txt", false},   {PrintTypeText, u"REPORT.TXT", false},
-        {PrintTypeText, u"report.text", true},   {PrintTypeExcel, u"a.Csv", false},
-        {PrintTypeExcel, u"a.txt", true},        {PrintTypeHtml, u"a.htm", false},
-        {PrintTypeHtml, u"a.HTML", false},       {PrintTypeHtml, u"a.xhtml", true},
-        {PrintTypeHtml, u"a.ht", true},          {PrintTypeXml, u"report_xml", false},
-        {PrintTypeXml, u"a.xm", true},           {PrintTypeNone, u"anything", false},
+        {PrintTypeText, u"report.txt", false}, {PrintTypeText, u"REPORT.TXT", false},
+        {PrintTypeText, u"report.text", true}, {PrintTypeExcel, u"a.Csv", false},
+        {PrintTypeExcel, u"a.txt", true},      {PrintTypeHtml, u"a.htm", false},
+        {PrintTypeHtml, u"a.HTML", false},     {PrintTypeHtml, u"a.xhtml", true},
+        {PrintTypeHtml, u"a.ht", true},        {PrintTypeXml, u"report_xml", false},
+        {PrintTypeXml, u"a.xm", true},         {PrintTypeNone, u"anything", false},
     };
     for (const auto& c : kCases) {
         const std::u16string strQuestion = CheckAutoPrintExtension(u"Main: ", c.nType, c.pszName);
-        EXPECT_EQ(!strQuestion.empty(), c.bAsks) << c.nType << " " << platform::Utf16ToUtf8(c.pszName);
+        EXPECT_EQ(!strQuestion.empty(), c.bAsks)
+            << c.nType << " " << platform::Utf16ToUtf8(c.pszName);
     }
     EXPECT_EQ(CheckAutoPrintExtension(u"Main: ", PrintTypeText, u"report.text"),
               u"Main: report.text\nText files should have a .txt extension\n"

@@ -61,7 +61,8 @@ struct CResultTree : test::CReportTree {
         return strAll;
     }
 
-    static void AddTotal(CTotalTable& aTable, const char16_t* pszKey, uint32_t nFiles, double dSize) {
+    static void AddTotal(CTotalTable& aTable, const char16_t* pszKey, uint32_t nFiles,
+                         double dSize) {
         aTable.push_back(std::make_unique<CTotalEntry>(CTotalEntry{pszKey, nFiles, dSize}));
     }
 };
@@ -100,7 +101,8 @@ TEST(ResultReportsGolden, HtmlSeparatorRowsWithoutColours) {
     }
     const std::string& strHtml = sink.m_strBytes;
     size_t nSeparators = 0;
-    for (size_t n = strHtml.find("&nbsp;"); n != std::string::npos; n = strHtml.find("&nbsp;", n + 1))
+    for (size_t n = strHtml.find("&nbsp;"); n != std::string::npos;
+         n = strHtml.find("&nbsp;", n + 1))
         ++nSeparators;
     EXPECT_EQ(nSeparators, 4u);  // one row: name, size, CRC, owner
     EXPECT_LT(strHtml.find("c.dat"), strHtml.find("&nbsp;"));

@@ -40,14 +40,22 @@ TEST(CommandTable, EnableRules) {
         const CCommandState& m_state;
         bool m_bEnabled;
     } aCases[] = {
-        {CmdRescan, idle, true},        {CmdRescan, scanning, false},
-        {CmdRescan, empty, false},      {CmdStop, scanning, true},
-        {CmdStop, idle, false},         {CmdSelectRoots, scanning, false},
-        {CmdDisplayParent, empty, false}, {CmdOpenAllFolders, scanning, true},
-        {CmdOpenAllFolders, empty, false}, {CmdOpen, idle, false},
-        {CmdOpen, selected, true},      {CmdSortNameAsc, idle, true},
-        {CmdSortCrcAsc, idle, false},   {CmdSortOwnerAsc, idle, false},
-        {CmdExit, scanning, true},      {CmdPrintOptions, idle, false},
+        {CmdRescan, idle, true},
+        {CmdRescan, scanning, false},
+        {CmdRescan, empty, false},
+        {CmdStop, scanning, true},
+        {CmdStop, idle, false},
+        {CmdSelectRoots, scanning, false},
+        {CmdDisplayParent, empty, false},
+        {CmdOpenAllFolders, scanning, true},
+        {CmdOpenAllFolders, empty, false},
+        {CmdOpen, idle, false},
+        {CmdOpen, selected, true},
+        {CmdSortNameAsc, idle, true},
+        {CmdSortCrcAsc, idle, false},
+        {CmdSortOwnerAsc, idle, false},
+        {CmdExit, scanning, true},
+        {CmdPrintOptions, idle, false},
         {CmdLoadSettings, scanning, false},
     };
     for (const auto& c : aCases)
@@ -77,8 +85,8 @@ TEST(CommandTable, SortCommandsSetBothCodes) {
         unsigned char m_nFile;
         unsigned char m_nDir;
     } aCases[] = {
-        {CmdSortNameAsc, 1, 1},      {CmdSortSizeAsc, 4, 8},     {CmdSortSizeSubDesc, 7, 9},
-        {CmdSortAccessedAsc, 10, 12}, {CmdSortCrcSubAsc, 16, 18}, {CmdSortOwnerDesc, 24, 21},
+        {CmdSortNameAsc, 1, 1},       {CmdSortSizeAsc, 4, 8},      {CmdSortSizeSubDesc, 7, 9},
+        {CmdSortAccessedAsc, 10, 12}, {CmdSortCrcSubAsc, 16, 18},  {CmdSortOwnerDesc, 24, 21},
         {CmdSortExtensionAsc, 21, 5}, {CmdSortVersionDesc, 28, 5},
     };
     for (const auto& c : aCases) {

@@ -7,12 +7,12 @@
 #include <string>
 #include <vector>
 
-#include "core/records/CrcListEntry.h"
 #include "core/document/DocumentOptions.h"
 #include "core/document/FilterSet.h"
 #include "core/document/PrintSettings.h"
 #include "core/document/ResultLists.h"
 #include "core/document/ScanRegisters.h"
+#include "core/records/CrcListEntry.h"
 
 namespace zv {
 

@@ -4,8 +4,8 @@
 
 #include <vector>
 
-#include "core/document/TotalTables.h"
 #include "core/document/CompareList.h"
+#include "core/document/TotalTables.h"
 #include "core/records/DirectoryData.h"
 
 namespace zv {

@@ -4,8 +4,8 @@
 
 #include "core/document/Document.h"
 #include "core/host/Host.h"
-#include "core/state/RememberedLists.h"
 #include "core/scan/Scanner.h"
+#include "core/state/RememberedLists.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 

@@ -2,8 +2,8 @@
 
 #include <string_view>
 
-#include "core/state/Hints.h"
 #include "core/host/Host.h"
+#include "core/state/Hints.h"
 #include "core/state/RememberedLists.h"
 
 namespace zv {

@@ -3,8 +3,8 @@
 #include <set>
 #include <string>
 
-#include "core/state/AppKey.h"
 #include "core/host/Host.h"
+#include "core/state/AppKey.h"
 
 namespace zv {
 namespace {

@@ -1,7 +1,7 @@
 #include "core/state/RememberedLists.h"
 
-#include "core/state/AppKey.h"
 #include "core/document/Document.h"
+#include "core/state/AppKey.h"
 #include "platform/Text.h"
 
 namespace zv {

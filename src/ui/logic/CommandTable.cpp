@@ -43,8 +43,7 @@ constexpr CCommandEntry kCommands[] = {
 
     {u"F&ilters", CmdFilterFileNames, u"File Name Filters...", RuleIdle},
     {u"F&ilters", CmdFilterFileNamesExclude, u"File Name Exclude Filters...", RuleIdle},
-    {u"F&ilters", CmdFilterFullPathExclude, u"File Name Exclude (full path) Filters...",
-     RuleIdle},
+    {u"F&ilters", CmdFilterFullPathExclude, u"File Name Exclude (full path) Filters...", RuleIdle},
     {u"F&ilters", CmdFilterVersion, u"File Name Version Filters...", RuleIdle},
     {u"F&ilters", CmdFilterOffice, u"Office Extensions...", RuleIdle},
     {u"F&ilters", CmdFilterOwners, u"File Owner Filter...", RuleIdle},
@@ -103,10 +102,8 @@ constexpr CCommandEntry kCommands[] = {
     {u"&Sort", CmdSortCreatedAsc, u"Sort by Created Date Ascending", RuleIdle, CheckFileSort, 8},
     {u"&Sort", CmdSortCreatedDesc, u"Sort by Created Date Descending", RuleIdle, CheckFileSort, 9},
     {u"&Sort", CmdSortAccessedAsc, u"Sort by Access Date Ascending", RuleIdle, CheckFileSort, 10},
-    {u"&Sort", CmdSortAccessedDesc, u"Sort by Access Date Descending", RuleIdle, CheckFileSort,
-     11},
-    {u"&Sort", CmdSortModifiedAsc, u"Sort by Modified Date Ascending", RuleIdle, CheckFileSort,
-     12},
+    {u"&Sort", CmdSortAccessedDesc, u"Sort by Access Date Descending", RuleIdle, CheckFileSort, 11},
+    {u"&Sort", CmdSortModifiedAsc, u"Sort by Modified Date Ascending", RuleIdle, CheckFileSort, 12},
     {u"&Sort", CmdSortModifiedDesc, u"Sort by Modified Date Descending", RuleIdle, CheckFileSort,
      13},
     {u"&Sort", CmdSortCrcAsc, u"Sort by CRC Ascending", RuleCrcShown, CheckFileSort, 16},
@@ -117,8 +114,7 @@ constexpr CCommandEntry kCommands[] = {
      CheckFileSort, 17},
     {u"&Sort", CmdSortOwnerAsc, u"Sort by Owner Ascending", RuleOwnerLive, CheckFileSort, 23},
     {u"&Sort", CmdSortOwnerDesc, u"Sort by Owner Descending", RuleOwnerLive, CheckFileSort, 24},
-    {u"&Sort", CmdSortVersionAsc, u"Sort by Version Ascending", RuleVersionLive, CheckFileSort,
-     27},
+    {u"&Sort", CmdSortVersionAsc, u"Sort by Version Ascending", RuleVersionLive, CheckFileSort, 27},
     {u"&Sort", CmdSortVersionDesc, u"Sort by Version Descending", RuleVersionLive, CheckFileSort,
      28},
 
@@ -171,17 +167,14 @@ struct CSortCommand {
 };
 
 constexpr CSortCommand kSortCommands[] = {
-    {CmdSortNameAsc, 1, 1},        {CmdSortNameDesc, 2, 2},
-    {CmdSortExtensionAsc, 21, 0},  {CmdSortExtensionDesc, 22, 0},
-    {CmdSortSizeAsc, 4, 8},        {CmdSortSizeDesc, 5, 9},
-    {CmdSortSizeSubAsc, 6, 8},     {CmdSortSizeSubDesc, 7, 9},
-    {CmdSortCreatedAsc, 8, 10},    {CmdSortCreatedDesc, 9, 11},
-    {CmdSortAccessedAsc, 10, 12},  {CmdSortAccessedDesc, 11, 13},
-    {CmdSortModifiedAsc, 12, 14},  {CmdSortModifiedDesc, 13, 15},
-    {CmdSortCrcAsc, 16, 16},       {CmdSortCrcDesc, 17, 17},
-    {CmdSortCrcSubAsc, 16, 18},    {CmdSortCrcSubDesc, 17, 19},
-    {CmdSortOwnerAsc, 23, 20},     {CmdSortOwnerDesc, 24, 21},
-    {CmdSortVersionAsc, 27, 0},    {CmdSortVersionDesc, 28, 0},
+    {CmdSortNameAsc, 1, 1},        {CmdSortNameDesc, 2, 2},       {CmdSortExtensionAsc, 21, 0},
+    {CmdSortExtensionDesc, 22, 0}, {CmdSortSizeAsc, 4, 8},        {CmdSortSizeDesc, 5, 9},
+    {CmdSortSizeSubAsc, 6, 8},     {CmdSortSizeSubDesc, 7, 9},    {CmdSortCreatedAsc, 8, 10},
+    {CmdSortCreatedDesc, 9, 11},   {CmdSortAccessedAsc, 10, 12},  {CmdSortAccessedDesc, 11, 13},
+    {CmdSortModifiedAsc, 12, 14},  {CmdSortModifiedDesc, 13, 15}, {CmdSortCrcAsc, 16, 16},
+    {CmdSortCrcDesc, 17, 17},      {CmdSortCrcSubAsc, 16, 18},    {CmdSortCrcSubDesc, 17, 19},
+    {CmdSortOwnerAsc, 23, 20},     {CmdSortOwnerDesc, 24, 21},    {CmdSortVersionAsc, 27, 0},
+    {CmdSortVersionDesc, 28, 0},
 };
 
 }  // namespace
@@ -197,18 +190,30 @@ const CCommandEntry* FindCommand(int nId) {
 bool IsCommandEnabled(const CCommandEntry& entry, const CCommandState& state) {
     const bool bIdle = !state.m_bScanning;
     switch (entry.m_eRule) {
-        case RuleNotBuilt: return false;
-        case RuleAlways: return true;
-        case RuleIdle: return bIdle;
-        case RuleSelection: return bIdle && state.m_nSelected > 0;
-        case RuleOneSelection: return bIdle && state.m_nSelected == 1;
-        case RuleRescan: return bIdle && state.m_bHasRoots;
-        case RuleTreeItems: return state.m_bTreeHasItems;
-        case RuleDirShown: return bIdle && state.m_bDirShown;
-        case RuleScanning: return state.m_bScanning;
-        case RuleCrcShown: return bIdle && state.m_bShowCrc;
-        case RuleOwnerLive: return bIdle && state.m_bShowOwners;
-        case RuleVersionLive: return bIdle && state.m_bShowVersions;
+        case RuleNotBuilt:
+            return false;
+        case RuleAlways:
+            return true;
+        case RuleIdle:
+            return bIdle;
+        case RuleSelection:
+            return bIdle && state.m_nSelected > 0;
+        case RuleOneSelection:
+            return bIdle && state.m_nSelected == 1;
+        case RuleRescan:
+            return bIdle && state.m_bHasRoots;
+        case RuleTreeItems:
+            return state.m_bTreeHasItems;
+        case RuleDirShown:
+            return bIdle && state.m_bDirShown;
+        case RuleScanning:
+            return state.m_bScanning;
+        case RuleCrcShown:
+            return bIdle && state.m_bShowCrc;
+        case RuleOwnerLive:
+            return bIdle && state.m_bShowOwners;
+        case RuleVersionLive:
+            return bIdle && state.m_bShowVersions;
     }
     return false;
 }
@@ -217,18 +222,30 @@ bool IsCommandChecked(const CCommandEntry& entry, const CWZorvaneDoc& doc,
                       const CCommandState& state) {
     const CDocumentOptions& options = doc.m_options;
     switch (entry.m_eCheck) {
-        case CheckNone: return false;
-        case CheckFileSort: return options.m_nFileSort == entry.m_nValue;
-        case CheckScanSubdirs: return options.m_bScanSubdirs != 0;
-        case CheckStreams: return options.m_bCheckStreams != 0;
-        case CheckShowCrc: return options.m_bShowCrc != 0;
-        case CheckCrcHex: return options.m_bCrcHex != 0;
-        case CheckCrcDecimal: return options.m_bCrcDecimal != 0;
-        case CheckSizeUnit: return options.m_nSizeUnit == entry.m_nValue;
-        case CheckCompareMode: return options.m_nDefaultCompareMode == entry.m_nValue;
-        case CheckOwners: return options.m_bShowOwners != 0;
-        case CheckVersions: return options.m_bShowVersions != 0;
-        case CheckStatusBar: return state.m_bStatusBarShown;
+        case CheckNone:
+            return false;
+        case CheckFileSort:
+            return options.m_nFileSort == entry.m_nValue;
+        case CheckScanSubdirs:
+            return options.m_bScanSubdirs != 0;
+        case CheckStreams:
+            return options.m_bCheckStreams != 0;
+        case CheckShowCrc:
+            return options.m_bShowCrc != 0;
+        case CheckCrcHex:
+            return options.m_bCrcHex != 0;
+        case CheckCrcDecimal:
+            return options.m_bCrcDecimal != 0;
+        case CheckSizeUnit:
+            return options.m_nSizeUnit == entry.m_nValue;
+        case CheckCompareMode:
+            return options.m_nDefaultCompareMode == entry.m_nValue;
+        case CheckOwners:
+            return options.m_bShowOwners != 0;
+        case CheckVersions:
+            return options.m_bShowVersions != 0;
+        case CheckStatusBar:
+            return state.m_bStatusBarShown;
     }
     return false;
 }

@@ -133,18 +133,18 @@ enum ECommand {
 };
 
 enum ERule {
-    RuleNotBuilt,     // the work behind it is not in the program yet
+    RuleNotBuilt,  // the work behind it is not in the program yet
     RuleAlways,
-    RuleIdle,         // no scan runs
-    RuleSelection,    // no scan, something selected in the file list
-    RuleOneSelection, // no scan, exactly one entry selected
-    RuleRescan,       // a root exists, no scan
-    RuleTreeItems,    // the tree has items
-    RuleDirShown,     // a directory is shown, no scan
-    RuleScanning,     // only while a scan runs
-    RuleCrcShown,     // no scan, checksums shown
-    RuleOwnerLive,    // no scan, owner column live
-    RuleVersionLive,  // no scan, version column live
+    RuleIdle,          // no scan runs
+    RuleSelection,     // no scan, something selected in the file list
+    RuleOneSelection,  // no scan, exactly one entry selected
+    RuleRescan,        // a root exists, no scan
+    RuleTreeItems,     // the tree has items
+    RuleDirShown,      // a directory is shown, no scan
+    RuleScanning,      // only while a scan runs
+    RuleCrcShown,      // no scan, checksums shown
+    RuleOwnerLive,     // no scan, owner column live
+    RuleVersionLive,   // no scan, version column live
 };
 
 enum ECheck {
@@ -155,7 +155,7 @@ enum ECheck {
     CheckShowCrc,
     CheckCrcHex,
     CheckCrcDecimal,
-    CheckSizeUnit,  // m_nValue is the unit
+    CheckSizeUnit,     // m_nValue is the unit
     CheckCompareMode,  // m_nValue is the mode
     CheckOwners,
     CheckVersions,

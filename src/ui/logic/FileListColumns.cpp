@@ -34,31 +34,45 @@ int CFileListColumns::IndexOf(EListColumn eColumn) const {
 
 std::u16string CFileListColumns::Title(EListColumn eColumn) {
     switch (eColumn) {
-        case ColName: return u"Name";
-        case ColSize: return u"Size";
-        case ColSizeWithSubdirs: return u"Size wSub";
-        case ColCreated: return u"Created";
-        case ColAccessed: return u"Accessed";
-        case ColModified: return u"Modified";
-        case ColCrc: return u"CRC";
-        case ColCrcWithSubdirs: return u"CRC wSub";
-        case ColOwner: return u"Owner";
-        case ColVersion: return u"Version";
+        case ColName:
+            return u"Name";
+        case ColSize:
+            return u"Size";
+        case ColSizeWithSubdirs:
+            return u"Size wSub";
+        case ColCreated:
+            return u"Created";
+        case ColAccessed:
+            return u"Accessed";
+        case ColModified:
+            return u"Modified";
+        case ColCrc:
+            return u"CRC";
+        case ColCrcWithSubdirs:
+            return u"CRC wSub";
+        case ColOwner:
+            return u"Owner";
+        case ColVersion:
+            return u"Version";
     }
     return {};
 }
 
 double CFileListColumns::WidthShare(EListColumn eColumn) {
     switch (eColumn) {
-        case ColName: return 0.15;
+        case ColName:
+            return 0.15;
         case ColSize:
         case ColSizeWithSubdirs:
         case ColCreated:
         case ColAccessed:
-        case ColModified: return 0.12;
+        case ColModified:
+            return 0.12;
         case ColOwner:
-        case ColVersion: return 0.09;
-        default: return 0;
+        case ColVersion:
+            return 0.09;
+        default:
+            return 0;
     }
 }
 
@@ -91,30 +105,48 @@ std::u16string CrcText(uint32_t uCrc, bool bHex) {
 std::u16string DirectoryCell(const CWZorvaneDoc& doc, EListColumn eColumn, CDirectoryData& dir) {
     const bool bHex = doc.m_options.m_bCrcHex != 0;
     switch (eColumn) {
-        case ColName: return dir.m_strName.Str();
-        case ColSize: return FormatSize(doc, dir.m_dFilesSize, u"", false);
-        case ColSizeWithSubdirs: return FormatSize(doc, dir.GetSizeWithSubdirs(), u"", false);
-        case ColCreated: return DateText(FileTimeToUInt64(dir.m_ftCreated));
-        case ColAccessed: return DateText(FileTimeToUInt64(dir.m_ftAccessed));
-        case ColModified: return DateText(FileTimeToUInt64(dir.m_ftModified));
-        case ColCrc: return CrcText(dir.GetCrc(), bHex);
-        case ColCrcWithSubdirs: return CrcText(dir.GetCrcWithSubdirs(), bHex);
-        case ColOwner: return dir.GetOwner();
-        case ColVersion: return {};
+        case ColName:
+            return dir.m_strName.Str();
+        case ColSize:
+            return FormatSize(doc, dir.m_dFilesSize, u"", false);
+        case ColSizeWithSubdirs:
+            return FormatSize(doc, dir.GetSizeWithSubdirs(), u"", false);
+        case ColCreated:
+            return DateText(FileTimeToUInt64(dir.m_ftCreated));
+        case ColAccessed:
+            return DateText(FileTimeToUInt64(dir.m_ftAccessed));
+        case ColModified:
+            return DateText(FileTimeToUInt64(dir.m_ftModified));
+        case ColCrc:
+            return CrcText(dir.GetCrc(), bHex);
+        case ColCrcWithSubdirs:
+            return CrcText(dir.GetCrcWithSubdirs(), bHex);
+        case ColOwner:
+            return dir.GetOwner();
+        case ColVersion:
+            return {};
     }
     return {};
 }
 
 std::u16string FileCell(const CWZorvaneDoc& doc, EListColumn eColumn, CFileData& file) {
     switch (eColumn) {
-        case ColName: return file.m_strName.Str();
-        case ColSize: return FormatSize(doc, file.m_dSize, u"", false);
-        case ColCreated: return DateText(FileTimeToUInt64(file.m_ftCreated));
-        case ColAccessed: return DateText(FileTimeToUInt64(file.m_ftAccessed));
-        case ColModified: return DateText(FileTimeToUInt64(file.m_ftModified));
-        case ColCrc: return file.GetCrcText(doc.m_options.m_bCrcHex != 0);
-        case ColOwner: return file.GetOwner();
-        default: return {};
+        case ColName:
+            return file.m_strName.Str();
+        case ColSize:
+            return FormatSize(doc, file.m_dSize, u"", false);
+        case ColCreated:
+            return DateText(FileTimeToUInt64(file.m_ftCreated));
+        case ColAccessed:
+            return DateText(FileTimeToUInt64(file.m_ftAccessed));
+        case ColModified:
+            return DateText(FileTimeToUInt64(file.m_ftModified));
+        case ColCrc:
+            return file.GetCrcText(doc.m_options.m_bCrcHex != 0);
+        case ColOwner:
+            return file.GetOwner();
+        default:
+            return {};
     }
 }
 
@@ -151,9 +183,9 @@ std::u16string CellText(const CWZorvaneDoc& doc, EListColumn eColumn, const CLis
 CSortCodes SortForHeaderClick(EListColumn eColumn, CSortCodes current) {
     for (const CColumnCodes& codes : kColumnCodes) {
         if (codes.m_eColumn != eColumn) continue;
-        const bool bSecond = current.m_nFileSort == codes.m_first.m_nFileSort &&
-                             (codes.m_bKeepsDirSort ||
-                              current.m_nDirSort == codes.m_first.m_nDirSort);
+        const bool bSecond =
+            current.m_nFileSort == codes.m_first.m_nFileSort &&
+            (codes.m_bKeepsDirSort || current.m_nDirSort == codes.m_first.m_nDirSort);
         CSortCodes result = bSecond ? codes.m_second : codes.m_first;
         if (codes.m_bKeepsDirSort) result.m_nDirSort = current.m_nDirSort;
         return result;

@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "core/records/RecordTestSupport.h"
 #include "core/document/SortCodes.h"
+#include "core/records/RecordTestSupport.h"
 
 namespace zv {
 namespace {

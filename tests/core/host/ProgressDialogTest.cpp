@@ -1,7 +1,7 @@
 #include <gtest/gtest.h>
 
-#include "core/records/OwnerNameCache.h"
 #include "core/host/ProgressDialog.h"
+#include "core/records/OwnerNameCache.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 #include "support/TempDir.h"

@@ -4,11 +4,11 @@
 
 #include <filesystem>
 
-#include "core/state/MemoryUserStore.h"
-#include "core/host/ScriptedHost.h"
 #include "core/document/Document.h"
-#include "core/state/RememberedLists.h"
+#include "core/host/ScriptedHost.h"
 #include "core/scan/RootSelection.h"
+#include "core/state/MemoryUserStore.h"
+#include "core/state/RememberedLists.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 #include "support/TempDir.h"

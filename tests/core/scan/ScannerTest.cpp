@@ -7,9 +7,9 @@
 #include <functional>
 
 #include "core/document/Document.h"
+#include "core/document/SortCodes.h"
 #include "core/host/Host.h"
 #include "core/scan/Scanner.h"
-#include "core/document/SortCodes.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 #include "support/TempDir.h"

@@ -5,8 +5,8 @@
 
 #include <filesystem>
 
-#include "core/host/ScriptedHost.h"
 #include "core/document/Document.h"
+#include "core/host/ScriptedHost.h"
 #include "core/settings/DocumentStartup.h"
 #include "core/settings/SettingsDisk.h"
 #include "core/settings/SettingsFile.h"

@@ -3,11 +3,11 @@
 // gaps, deleting, the order in which a scan saves, and the hint values.
 #include <gtest/gtest.h>
 
-#include "core/state/MemoryUserStore.h"
+#include "core/document/Document.h"
 #include "core/host/ScriptedHost.h"
 #include "core/state/AppKey.h"
-#include "core/document/Document.h"
 #include "core/state/Hints.h"
+#include "core/state/MemoryUserStore.h"
 #include "core/state/RememberedLists.h"
 #include "platform/Text.h"
 
