@@ -74,10 +74,16 @@ class Program:
         return None
 
 
-def attempt(runner, out_dir):
-    """One interactive and one unattended run; returns the number of failures."""
+def main(argv):
+    wine = None
+    if argv[1] == "--wine":
+        wine = argv[2]
+        argv = argv[2:]
+    out_dir, program = os.path.abspath(argv[1]), argv[2]
+    os.makedirs(out_dir, exist_ok=True)
     for old in glob.glob(os.path.join(out_dir, "*.png")) + glob.glob(os.path.join(out_dir, "*.request")):
         os.remove(old)
+    runner = Program(program, wine)
     work = tempfile.mkdtemp(prefix="zorvane-gui-")
     failures = 0
     try:
@@ -112,25 +118,6 @@ def attempt(runner, out_dir):
         failures += status != 0
     finally:
         shutil.rmtree(work, ignore_errors=True)
-    return failures
-
-
-def main(argv):
-    wine = None
-    if argv[1] == "--wine":
-        wine = argv[2]
-        argv = argv[2:]
-    out_dir, program = os.path.abspath(argv[1]), argv[2]
-    os.makedirs(out_dir, exist_ok=True)
-    runner = Program(program, wine)
-    failures = attempt(runner, out_dir)
-    if failures and wine:
-        # A fresh Wine prefix has been seen to lose its first window session
-        # (a hang, or a breakpoint trap in the unattended run) while a second
-        # run passes; that is recorded as a known fault, and one retry keeps
-        # it from hiding the real results.
-        print("retrying once under Wine")
-        failures = attempt(runner, out_dir)
     print("FAILED" if failures else "passed")
     return 1 if failures else 0
 
