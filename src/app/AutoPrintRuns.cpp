@@ -8,9 +8,11 @@
 #include "analyses/DuplicateGroupSort.h"
 #include "analyses/LargestLists.h"
 #include "analyses/LargestTotals.h"
+#include "app/CheckedFileSink.h"
 #include "core/document/Document.h"
 #include "core/document/SortCodes.h"
 #include "platform/FileContents.h"
+#include "platform/Text.h"
 #include "reports/AutoPrintNames.h"
 #include "reports/MainReport.h"
 #include "reports/ReportStream.h"
@@ -18,26 +20,6 @@
 
 namespace zv {
 namespace {
-
-class CFileSink : public IReportSink {
-public:
-    explicit CFileSink(std::FILE* pFile) : m_pFile(pFile) {}
-    ~CFileSink() override {
-        if (m_pFile) std::fclose(m_pFile);
-    }
-    bool Write(const char* pData, size_t nSize) override {
-        return std::fwrite(pData, 1, nSize, m_pFile) == nSize;
-    }
-    bool Flush() override { return std::fflush(m_pFile) == 0; }
-    bool Close() {
-        std::FILE* pFile = m_pFile;
-        m_pFile = nullptr;
-        return std::fclose(pFile) == 0;
-    }
-
-private:
-    std::FILE* m_pFile;
-};
 
 EPrintType FormOf(const CAutoPrintBlock& block) { return static_cast<EPrintType>(block.m_nType); }
 
@@ -58,7 +40,7 @@ bool CAutoPrintRun::WriteFile(const CAutoPrintBlock& block,
         if (m_onSkipped) m_onSkipped(strName);
         return false;
     }
-    CFileSink sink(pFile);
+    CCheckedFileSink sink(pFile, platform::Utf16ToUtf8(strName), true);
     bool bWritten;
     {
         CReportStream out(sink, m_doc.m_print.Flag(SaveAsUnicode));

@@ -1,11 +1,10 @@
 #include "app/CompareCommand.h"
 
 #include <CLI/CLI.hpp>
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 #include <map>
 
+#include "app/CheckedFileSink.h"
 #include "app/CheckedOutput.h"
 #include "app/CommandScan.h"
 #include "app/JsonWriter.h"
@@ -146,44 +145,6 @@ std::u16string RefusePair(const std::u16string& strLeft, const std::u16string& s
     return {};
 }
 
-// A report file, or standard output, with every write, the flush and the
-// close checked; the first failure is kept as the message to give.
-class CCheckedFileSink : public IReportSink {
-public:
-    CCheckedFileSink(std::FILE* pFile, std::string strName, bool bOwned)
-        : m_pFile(pFile), m_strName(std::move(strName)), m_bOwned(bOwned) {}
-    ~CCheckedFileSink() override {
-        if (m_bOwned && m_pFile) std::fclose(m_pFile);
-    }
-    CCheckedFileSink(const CCheckedFileSink&) = delete;
-    CCheckedFileSink& operator=(const CCheckedFileSink&) = delete;
-
-    bool Write(const char* pData, size_t nSize) override {
-        return Check(std::fwrite(pData, 1, nSize, m_pFile) == nSize);
-    }
-    bool Flush() override { return Check(std::fflush(m_pFile) == 0); }
-    bool Close() {
-        if (!m_bOwned) return true;
-        std::FILE* pFile = m_pFile;
-        m_pFile = nullptr;
-        return Check(std::fclose(pFile) == 0);
-    }
-    const std::string& Error() const { return m_strError; }
-
-private:
-    bool Check(bool bOk) {
-        if (!bOk && m_strError.empty())
-            m_strError =
-                "zorvane-cli compare: cannot write " + m_strName + ": " + std::strerror(errno);
-        return bOk;
-    }
-
-    std::FILE* m_pFile;
-    std::string m_strName;
-    bool m_bOwned;
-    std::string m_strError;
-};
-
 const std::map<std::string, EPrintType> kReportForms = {{"text", PrintTypeText},
                                                         {"csv", PrintTypeExcel},
                                                         {"html", PrintTypeHtml},
@@ -226,7 +187,7 @@ bool WriteResult(CWZorvaneDoc& doc, const CCompareOptions& options, const CCompa
         bWritten = sink.Write(strText.data(), strText.size()) && sink.Flush();
     }
     bWritten = sink.Close() && bWritten;
-    if (!bWritten) std::fprintf(stderr, "%s\n", sink.Error().c_str());
+    if (!bWritten) std::fprintf(stderr, "zorvane-cli compare: %s\n", sink.Error().c_str());
     return bWritten;
 }
 

@@ -4,7 +4,7 @@
 #include <cstdio>
 #include <map>
 
-#include "app/CheckedOutput.h"
+#include "app/CheckedFileSink.h"
 #include "app/CommandScan.h"
 #include "app/ExitStatus.h"
 #include "platform/Console.h"
@@ -17,26 +17,6 @@
 
 namespace zv {
 namespace {
-
-// The report's sink: standard output or the -o file, with every write, the
-// flush and the close checked, so that a full disk cannot leave a cut report
-// that looks whole.
-class CCheckedFileSink : public IReportSink {
-public:
-    CCheckedFileSink(std::FILE* pFile, std::string strName, bool bOwned)
-        : m_out(pFile, std::move(strName), bOwned) {}
-
-    bool Write(const char* pData, size_t nSize) override {
-        return m_out.Write(std::string_view(pData, nSize));
-    }
-    bool Flush() override { return m_out.Flush(); }
-    bool Close() { return m_out.Close(); }
-    // The message of the first failure.
-    std::string Error() const { return m_out.Error(); }
-
-private:
-    CCheckedOutput m_out;
-};
 
 std::u16string WithoutTrailingSeparator(std::u16string strPath) {
     while (strPath.size() > 1 && (strPath.back() == u'/' || strPath.back() == u'\\') &&

@@ -1,9 +1,8 @@
 #include "app/ResultReportOutput.h"
 
-#include <cerrno>
 #include <cstdio>
-#include <cstring>
 
+#include "app/CheckedFileSink.h"
 #include "app/ExitStatus.h"
 #include "core/document/Document.h"
 #include "platform/Console.h"
@@ -13,25 +12,6 @@
 
 namespace zv {
 namespace {
-
-// Remembers the first failed write with its reason.
-class CCheckedSink : public IReportSink {
-public:
-    explicit CCheckedSink(std::FILE* pFile) : m_pFile(pFile) {}
-    bool Write(const char* pData, size_t nSize) override {
-        return Check(std::fwrite(pData, 1, nSize, m_pFile) == nSize);
-    }
-    bool Flush() override { return Check(std::fflush(m_pFile) == 0); }
-    const std::string& Error() const { return m_strError; }
-    bool Check(bool bOk) {
-        if (!bOk && m_strError.empty()) m_strError = std::strerror(errno);
-        return bOk;
-    }
-
-private:
-    std::FILE* m_pFile;
-    std::string m_strError;
-};
 
 EPrintType FormOf(const std::string& strFormat) {
     if (strFormat == "csv") return PrintTypeExcel;
@@ -62,18 +42,17 @@ int WriteResultReportOutput(CWZorvaneDoc& doc, const std::string& strFormat, ERe
     } else {
         platform::SetStdoutBinary();
     }
-    CCheckedSink sink(pFile);
+    CCheckedFileSink sink(pFile, strOutput.empty() ? "standard output" : strOutput,
+                          pFile != stdout);
     bool bWritten;
     {
         CReportStream out(sink, doc.m_print.Flag(SaveAsUnicode));
         WriteResultReport(doc, out, FormOf(strFormat), eReport);
         bWritten = out.Finish();
     }
-    if (pFile != stdout) bWritten = sink.Check(std::fclose(pFile) == 0) && bWritten;
+    bWritten = sink.Close() && bWritten;
     if (!bWritten) {
-        std::fprintf(stderr, "%s: cannot write %s: %s\n", pszCommand,
-                     strOutput.empty() ? "standard output" : strOutput.c_str(),
-                     sink.Error().c_str());
+        std::fprintf(stderr, "%s: %s\n", pszCommand, sink.Error().c_str());
         return kExitIncomplete;
     }
     return kExitOk;
