@@ -3,25 +3,14 @@
 // from the current output instead (read the diff before committing it).
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 #include "platform/Text.h"
 #include "reports/ReportTestSupport.h"
 
 namespace zv {
 namespace {
 
-std::string GoldenPath(const std::string& strName) {
-    return std::string(ZV_GOLDEN_DIR) + "/" + strName;
-}
-
-std::string ReadGolden(const std::string& strName) {
-    std::ifstream in(GoldenPath(strName), std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
+using test::GoldenPath;
+using test::ReadGolden;
 
 // UTF-16 little-endian after the byte order mark, as UTF-16 text.
 std::u16string DecodeUnicode(const std::string& strBytes) {

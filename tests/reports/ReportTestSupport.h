@@ -3,7 +3,9 @@
 #pragma once
 
 #include <cstdlib>
+#include <fstream>
 #include <memory>
+#include <sstream>
 #include <string>
 
 #include "core/document/Document.h"
@@ -14,6 +16,18 @@
 #include "reports/ValueText.h"
 
 namespace zv::test {
+
+// The expected files of the golden tests, in golden/ beside them.
+inline std::string GoldenPath(const std::string& strName) {
+    return std::string(ZV_GOLDEN_DIR) + "/" + strName;
+}
+
+inline std::string ReadGolden(const std::string& strName) {
+    std::ifstream in(GoldenPath(strName), std::ios::binary);
+    std::ostringstream text;
+    text << in.rdbuf();
+    return text.str();
+}
 
 // 2024-03-05 14:07:09 UTC plus nSeconds.
 inline FILETIME TestTime(int nSeconds) {

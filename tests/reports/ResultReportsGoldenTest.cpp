@@ -2,25 +2,14 @@
 // expected file per form in golden/. ZORVANE_UPDATE_GOLDENS=1 rewrites them.
 #include <gtest/gtest.h>
 
-#include <fstream>
-#include <sstream>
-
 #include "reports/ReportTestSupport.h"
 #include "reports/ResultReports.h"
 
 namespace zv {
 namespace {
 
-std::string GoldenPath(const std::string& strName) {
-    return std::string(ZV_GOLDEN_DIR) + "/" + strName;
-}
-
-std::string ReadGolden(const std::string& strName) {
-    std::ifstream in(GoldenPath(strName), std::ios::binary);
-    std::ostringstream text;
-    text << in.rdbuf();
-    return text.str();
-}
+using test::GoldenPath;
+using test::ReadGolden;
 
 // The tree of the main report with its result lists: two duplicate groups
 // (a.txt with c.dat, then b.txt alone), the largest lists and both tables.
