@@ -193,10 +193,10 @@ int RunDupsCommand(CDupsOptions& options) {
     } else {
         const std::vector<CGroupOut> aGroups =
             options.m_bDirectories ? DirGroups(doc) : FileGroups(doc);
-        nWritten = WriteTextOutput(options.m_scan.m_bJson ? FormatJson(aGroups, options.m_bDirectories,
-                                                                    nFiles, dSeconds)
-                                                         : FormatText(aGroups),
-                                   options.m_strOutput, pszCommand);
+        nWritten = WriteTextOutput(
+            options.m_scan.m_bJson ? FormatJson(aGroups, options.m_bDirectories, nFiles, dSeconds)
+                                   : FormatText(aGroups),
+            options.m_strOutput, pszCommand);
     }
     if (nWritten != kExitOk) return nWritten;
     const size_t nUnreadable = CountUnreadable(doc);

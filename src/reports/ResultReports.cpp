@@ -235,8 +235,8 @@ void CResultWriter::Text() {
             const size_t nName = m_bView ? 15 : 16;
             const size_t nFiles = m_bView ? 6 : 9;
             ForEachRow(m_rows.aTotals, [&](const CTotalEntry& entry, bool) {
-                m_out << PadLeft(entry.m_strKey, nName) << ", files="
-                      << PadLeft(GroupThousands(Count(entry.m_nFiles)), nFiles)
+                m_out << PadLeft(entry.m_strKey, nName)
+                      << ", files=" << PadLeft(GroupThousands(Count(entry.m_nFiles)), nFiles)
                       << ", size=" << PadLeft(m_ctx.SizeWithUnits(entry.m_dSize), 20) << "\n";
             });
             break;
@@ -481,8 +481,8 @@ void Write(CResultWriter& writer, EPrintType eForm) {
     }
 }
 
-bool WriteViewRows(CWZorvaneDoc& doc, CReportStream& out, EPrintType eForm,
-                   EResultReport eReport, const CResultRows& rows) {
+bool WriteViewRows(CWZorvaneDoc& doc, CReportStream& out, EPrintType eForm, EResultReport eReport,
+                   const CResultRows& rows) {
     CReportContext ctx(doc, out, true);
     CResultWriter writer(ctx, rows, eReport, true);
     ReportProgressBegin(double(rows.aFiles.size() + rows.aDirs.size() + rows.aTotals.size()),
