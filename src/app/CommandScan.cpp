@@ -49,17 +49,17 @@ void ApplyFilterOptions(const CScanCommandOptions& options, CFilterSet& filters)
     SetDate(filters.m_aDates[ModifiedBefore], options.m_ftModifiedBefore);
 }
 
-// "photos/" typed for "photos" names the same root; the file-system root
-// ("/", "C:\\") keeps its separator.
+}  // namespace
+
 std::u16string WithoutTrailingSeparators(std::u16string strPath) {
     auto IsSeparator = [](char16_t ch) { return ch == u'/' || ch == platform::kPathSeparator; };
-    while (strPath.size() > 1 && IsSeparator(strPath.back()) &&
-           !(strPath.size() == 3 && strPath[1] == u':'))
-        strPath.pop_back();
+    // "C:" alone names the current directory of drive C, not its root.
+    auto IsDriveRoot = [&strPath] {
+        return platform::kPathSeparator == u'\\' && strPath.size() == 3 && strPath[1] == u':';
+    };
+    while (strPath.size() > 1 && IsSeparator(strPath.back()) && !IsDriveRoot()) strPath.pop_back();
     return strPath;
 }
-
-}  // namespace
 
 CCommandScan::CCommandScan(const CScanCommandOptions& options) : m_options(options) {
     platform::PrepareConsoleProcess();

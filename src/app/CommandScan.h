@@ -5,6 +5,7 @@
 #pragma once
 
 #include <memory>
+#include <string>
 
 #include "app/ConsoleHost.h"
 #include "app/ProgramServices.h"
@@ -14,6 +15,11 @@
 namespace zv {
 
 class IScanSteps;
+
+// A directory path as the user typed it, without its trailing separators:
+// "photos/" names the same directory as "photos". The file system's root
+// ("/") and a drive's root ("C:\\" on Windows) keep theirs.
+std::u16string WithoutTrailingSeparators(std::u16string strPath);
 
 class CCommandScan {
 public:

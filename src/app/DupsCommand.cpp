@@ -2,6 +2,7 @@
 
 #include <CLI/CLI.hpp>
 #include <chrono>
+#include <cmath>
 #include <cstdio>
 
 #include "analyses/CrcList.h"
@@ -10,17 +11,14 @@
 #include "analyses/DuplicateGroupSort.h"
 #include "app/CommandScan.h"
 #include "app/ExitStatus.h"
+#include "app/JsonWriter.h"
 #include "app/ProgramScanSteps.h"
 #include "app/ResultReportOutput.h"
 #include "core/document/Document.h"
-#include "platform/FileContents.h"
 #include "platform/Text.h"
 
 namespace zv {
 namespace {
-
-constexpr int kUnreadable = 1;
-constexpr int kInterrupted = 130;
 
 const char* const kFileWords[] = {"size", "name", "crc", "mp3crc", "bytes"};
 const char* const kDirWords[] = {"size", "sizesub", "name", "crc", "crcsub", "files", "filessub"};
@@ -120,24 +118,23 @@ std::string FormatText(const std::vector<CGroupOut>& aGroups) {
 
 std::string FormatJson(const std::vector<CGroupOut>& aGroups, bool bDirectories, size_t nFiles,
                        double dSeconds) {
-    std::string strOut = "{\n  \"groups\": [";
+    CJsonWriter json;
+    json.BeginObject();
+    json.Key("groups").BeginArray();
     for (size_t i = 0; i < aGroups.size(); ++i) {
-        strOut += i ? ",\n    " : "\n    ";
-        strOut += "{\"group\": " + std::to_string(i) +
-                  ", \"size\": " + WholeNumber(aGroups[i].m_dSize) + ", \"" +
-                  (bDirectories ? "directories" : "files") + "\": [";
-        for (size_t k = 0; k < aGroups[i].m_aPaths.size(); ++k) {
-            if (k) strOut += ", ";
-            AppendJsonString(strOut, aGroups[i].m_aPaths[k]);
-        }
-        strOut += "]}";
+        json.BeginObject();
+        json.Key("group").Number(uint64_t(i));
+        json.Key("size").Number(static_cast<uint64_t>(aGroups[i].m_dSize));
+        json.Key(bDirectories ? "directories" : "files").BeginArray();
+        for (const std::u16string& strPath : aGroups[i].m_aPaths) json.String(strPath);
+        json.EndArray();
+        json.EndObject();
     }
-    strOut += aGroups.empty() ? "],\n" : "\n  ],\n";
-    char szSeconds[32];
-    std::snprintf(szSeconds, sizeof szSeconds, "%.3f", dSeconds);
-    strOut += "  \"files_scanned\": " + std::to_string(nFiles) + ",\n";
-    strOut += std::string("  \"elapsed_seconds\": ") + szSeconds + "\n}\n";
-    return strOut;
+    json.EndArray();
+    json.Key("files_scanned").Number(uint64_t(nFiles));
+    json.Key("elapsed_seconds").Number(std::round(dSeconds * 1000) / 1000);  // milliseconds
+    json.EndObject();
+    return json.Text();
 }
 
 // Files whose content the search needed and could not read, and listings
@@ -154,49 +151,11 @@ size_t CountUnreadable(const CWZorvaneDoc& doc) {
 
 }  // namespace
 
-void AppendJsonString(std::string& strOut, std::u16string_view strText) {
-    static const char kHex[] = "0123456789abcdef";
-    auto Escape = [&strOut](unsigned u) {
-        strOut += "\\u";
-        for (int nShift = 12; nShift >= 0; nShift -= 4) strOut += kHex[(u >> nShift) & 0xF];
-    };
-    strOut += '"';
-    for (size_t i = 0; i < strText.size(); ++i) {
-        const char16_t ch = strText[i];
-        if (ch == u'"' || ch == u'\\') {
-            strOut += '\\';
-            strOut += static_cast<char>(ch);
-        } else if (ch < 0x20) {
-            switch (ch) {
-                case u'\n':
-                    strOut += "\\n";
-                    break;
-                case u'\r':
-                    strOut += "\\r";
-                    break;
-                case u'\t':
-                    strOut += "\\t";
-                    break;
-                default:
-                    Escape(ch);
-            }
-        } else if (ch >= 0xD800 && ch <= 0xDBFF && i + 1 < strText.size() &&
-                   strText[i + 1] >= 0xDC00 && strText[i + 1] <= 0xDFFF) {
-            strOut += platform::Utf16ToUtf8(strText.substr(i, 2));
-            ++i;
-        } else if (ch >= 0xD800 && ch <= 0xDFFF) {
-            Escape(ch);
-        } else {
-            strOut += platform::Utf16ToUtf8(strText.substr(i, 1));
-        }
-    }
-    strOut += '"';
-}
-
 int RunDupsCommand(CDupsOptions& options) {
+    const char* pszCommand = options.m_bDirectories ? "zorvane-cli dupdirs" : "zorvane-cli dups";
     CCommandScan command(options.m_scan);
     const int nStatus = command.Prepare();
-    if (nStatus != 0) return nStatus;
+    if (nStatus != kExitOk) return nStatus;
     CWZorvaneDoc& doc = command.Doc();
     if (options.m_bDirectories)
         ApplyDirCriteria(options.m_aBy, doc.m_options.m_dupDirs);
@@ -209,7 +168,7 @@ int RunDupsCommand(CDupsOptions& options) {
     const auto start = std::chrono::steady_clock::now();
     CDupsScanSteps steps;
     command.Scan(&steps);
-    if (command.Host().WasInterrupted()) return kInterrupted;
+    if (command.Host().WasInterrupted()) return kExitInterrupted;
     const size_t nFiles = doc.m_scan.m_aAllFiles.GetSize();
     bool bFinished;
     if (options.m_bDirectories) {
@@ -220,47 +179,31 @@ int RunDupsCommand(CDupsOptions& options) {
         SortDuplicateGroups(doc.m_results.m_aDuplicateGroups, doc.m_options.m_dupFiles);
     }
     command.Host().ClearLine();
-    if (!bFinished || command.Host().WasInterrupted()) return kInterrupted;
+    if (!bFinished || command.Host().WasInterrupted()) return kExitInterrupted;
     const double dSeconds =
         std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 
+    int nWritten;
     if (!options.m_strFormat.empty()) {
         if (options.m_bAnsi) doc.m_print.m_aFlags[SaveAsUnicode] = 0;
-        const int nWritten = WriteResultReportOutput(
+        nWritten = WriteResultReportOutput(
             doc, options.m_strFormat,
             options.m_bDirectories ? ResultDuplicateDirs : ResultDuplicateFiles,
-            options.m_strOutput,
-            options.m_bDirectories ? "zorvane-cli dupdirs" : "zorvane-cli dups");
-        if (nWritten != kExitOk) return nWritten;
-        return CountUnreadable(doc) ? kUnreadable : 0;
+            options.m_strOutput, pszCommand);
+    } else {
+        const std::vector<CGroupOut> aGroups =
+            options.m_bDirectories ? DirGroups(doc) : FileGroups(doc);
+        nWritten = WriteTextOutput(
+            options.m_scan.m_bJson ? FormatJson(aGroups, options.m_bDirectories, nFiles, dSeconds)
+                                   : FormatText(aGroups),
+            options.m_strOutput, pszCommand);
     }
-    const std::vector<CGroupOut> aGroups =
-        options.m_bDirectories ? DirGroups(doc) : FileGroups(doc);
-    const std::string strOut = options.m_scan.m_bJson
-                                   ? FormatJson(aGroups, options.m_bDirectories, nFiles, dSeconds)
-                                   : FormatText(aGroups);
-    std::FILE* pOut = stdout;
-    if (!options.m_strOutput.empty()) {
-        std::string strError;
-        pOut = platform::OpenFileForWriting(platform::Utf8ToUtf16(options.m_strOutput), strError);
-        if (!pOut) {
-            std::fprintf(stderr, "zorvane-cli: cannot open %s: %s\n", options.m_strOutput.c_str(),
-                         strError.c_str());
-            return kUnreadable;
-        }
-    }
-    const bool bWritten = std::fwrite(strOut.data(), 1, strOut.size(), pOut) == strOut.size();
-    const bool bFlushed = std::fflush(pOut) == 0;
-    if (pOut != stdout && std::fclose(pOut) != 0) return kUnreadable;
-    if (!bFlushed || !bWritten) return kUnreadable;
+    if (nWritten != kExitOk) return nWritten;
     const size_t nUnreadable = CountUnreadable(doc);
-    if (nUnreadable) {
-        const std::string strCount = std::to_string(nUnreadable);
-        std::fprintf(stderr, "zorvane-cli: %s files or directories could not be read\n",
-                     strCount.c_str());
-        return kUnreadable;
-    }
-    return 0;
+    if (nUnreadable)
+        std::fprintf(stderr, "%s: %s files or directories could not be read\n", pszCommand,
+                     std::to_string(nUnreadable).c_str());
+    return ExitStatusOf(false, nUnreadable != 0);
 }
 
 CDupsCommands::CDupsCommands(CLI::App& app) {
@@ -268,13 +211,15 @@ CDupsCommands::CDupsCommands(CLI::App& app) {
                       const char* pszByHelp) {
         CLI::App* pCommand = app.add_subcommand(pszName, pszHelp);
         AddScanOptions(*pCommand, options.m_scan);
-        pCommand->add_flag("--json", options.m_scan.m_bJson,
-                           "Print one JSON object: groups, files_scanned, elapsed_seconds");
+        CLI::Option* pJson =
+            pCommand->add_flag("--json", options.m_scan.m_bJson,
+                               "Print one JSON object: groups, files_scanned, elapsed_seconds");
         pCommand
             ->add_option("--format", options.m_strFormat,
                          "text, csv, html or xml: the duplicates report (without it, the plain "
                          "group listing)")
-            ->check(CLI::IsMember({"text", "csv", "html", "xml"}));
+            ->check(CLI::IsMember({"text", "csv", "html", "xml"}))
+            ->excludes(pJson);
         pCommand->add_option("-o,--output", options.m_strOutput, "Write to FILE instead of stdout")
             ->type_name("FILE");
         pCommand->add_flag("--ansi", options.m_bAnsi,

@@ -41,9 +41,4 @@ private:
 // The command itself, for the parsed options.
 int RunDupsCommand(CDupsOptions& options);
 
-// A JSON string of UTF-16 text that loses nothing: a lone surrogate, which
-// stands for a byte of a name that is not UTF-8, is written as its \u
-// escape (\udcXX) rather than replaced.
-void AppendJsonString(std::string& strOut, std::u16string_view strText);
-
 }  // namespace zv

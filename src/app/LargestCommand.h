@@ -1,5 +1,6 @@
 // `zorvane-cli largest files|dirs|owners|types`: scans, keeping only the
-// list or table asked for, and prints it largest first.
+// list or table asked for, and prints it largest first as the result report
+// of its kind, or as JSON.
 #pragma once
 
 #include <optional>
@@ -16,8 +17,8 @@ namespace zv {
 struct CLargestCommandOptions {
     std::string m_strKind;        // files, dirs, owners or types
     std::optional<int> m_nCount;  // -1 no limit; the settings file's when not given
-    // Empty: one tab-separated line per row; json; or a result report form.
-    std::string m_strFormat;
+    // A result report form, or json.
+    std::string m_strFormat = "text";
     std::string m_strOutput;  // -o FILE; standard output when empty
     bool m_bAnsi = false;
     CScanCommandOptions m_scan;

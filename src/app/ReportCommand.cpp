@@ -18,20 +18,13 @@
 namespace zv {
 namespace {
 
-std::u16string WithoutTrailingSeparator(std::u16string strPath) {
-    while (strPath.size() > 1 && (strPath.back() == u'/' || strPath.back() == u'\\') &&
-           strPath[strPath.size() - 2] != u':')
-        strPath.pop_back();
-    return strPath;
-}
-
 // The scanned directory with this path, or null.
 CDirectoryData* FindDirectory(CWZorvaneDoc& doc, const std::string& strPath) {
     const std::u16string strWanted =
-        WithoutTrailingSeparator(platform::GetFullPathName(platform::Utf8ToUtf16(strPath)));
+        WithoutTrailingSeparators(platform::GetFullPathName(platform::Utf8ToUtf16(strPath)));
     CDirectoryData* pNoCase = nullptr;
     for (CDirectoryData* pDir : doc.m_scan.m_aAllDirs) {
-        const std::u16string strDir = WithoutTrailingSeparator(pDir->GetFullPath());
+        const std::u16string strDir = WithoutTrailingSeparators(pDir->GetFullPath());
         if (strDir == strWanted) return pDir;
         if (!pNoCase && platform::EqualsNoCase(strDir, strWanted)) pNoCase = pDir;
     }

@@ -1,6 +1,7 @@
 #include "app/ResultReportOutput.h"
 
 #include <cstdio>
+#include <functional>
 
 #include "app/CheckedFileSink.h"
 #include "app/ExitStatus.h"
@@ -20,6 +21,33 @@ EPrintType FormOf(const std::string& strFormat) {
     return PrintTypeText;
 }
 
+// Opens the output and has write fill it; bBytes: standard output without
+// line-end translation, as the reports have their own line ends.
+int WriteOutput(const std::string& strOutput, const char* pszCommand, bool bBytes,
+                const std::function<bool(CCheckedFileSink&)>& write) {
+    std::FILE* pFile = stdout;
+    if (!strOutput.empty()) {
+        std::string strError;
+        pFile = platform::OpenFileForWriting(platform::Utf8ToUtf16(strOutput), strError);
+        if (!pFile) {
+            std::fprintf(stderr, "%s: cannot open %s: %s\n", pszCommand, strOutput.c_str(),
+                         strError.c_str());
+            return kExitIncomplete;
+        }
+    } else if (bBytes) {
+        platform::SetStdoutBinary();
+    }
+    CCheckedFileSink sink(pFile, strOutput.empty() ? "standard output" : strOutput,
+                          pFile != stdout);
+    bool bWritten = write(sink);
+    bWritten = sink.Close() && bWritten;
+    if (!bWritten) {
+        std::fprintf(stderr, "%s: %s\n", pszCommand, sink.Error().c_str());
+        return kExitIncomplete;
+    }
+    return kExitOk;
+}
+
 }  // namespace
 
 bool IsResultReportForm(const std::string& strFormat) {
@@ -30,32 +58,18 @@ bool IsResultReportForm(const std::string& strFormat) {
 
 int WriteResultReportOutput(CWZorvaneDoc& doc, const std::string& strFormat, EResultReport eReport,
                             const std::string& strOutput, const char* pszCommand) {
-    std::FILE* pFile = stdout;
-    if (!strOutput.empty()) {
-        std::string strError;
-        pFile = platform::OpenFileForWriting(platform::Utf8ToUtf16(strOutput), strError);
-        if (!pFile) {
-            std::fprintf(stderr, "%s: cannot open %s: %s\n", pszCommand, strOutput.c_str(),
-                         strError.c_str());
-            return kExitIncomplete;
-        }
-    } else {
-        platform::SetStdoutBinary();
-    }
-    CCheckedFileSink sink(pFile, strOutput.empty() ? "standard output" : strOutput,
-                          pFile != stdout);
-    bool bWritten;
-    {
+    return WriteOutput(strOutput, pszCommand, true, [&](CCheckedFileSink& sink) {
         CReportStream out(sink, doc.m_print.Flag(SaveAsUnicode));
         WriteResultReport(doc, out, FormOf(strFormat), eReport);
-        bWritten = out.Finish();
-    }
-    bWritten = sink.Close() && bWritten;
-    if (!bWritten) {
-        std::fprintf(stderr, "%s: %s\n", pszCommand, sink.Error().c_str());
-        return kExitIncomplete;
-    }
-    return kExitOk;
+        return out.Finish();
+    });
+}
+
+int WriteTextOutput(const std::string& strText, const std::string& strOutput,
+                    const char* pszCommand) {
+    return WriteOutput(strOutput, pszCommand, false, [&](CCheckedFileSink& sink) {
+        return sink.Write(strText.data(), strText.size()) && sink.Flush();
+    });
 }
 
 }  // namespace zv

@@ -1,5 +1,6 @@
-// A result report as a command's output: to standard output or to a file
-// given with -o, in the form given with --format, every write checked.
+// A command's output: standard output, or the file given with -o, every
+// write checked. Either a result report in the form given with --format,
+// or text the command made itself (a listing, JSON).
 #pragma once
 
 #include <string>
@@ -14,10 +15,12 @@ class CWZorvaneDoc;
 inline constexpr const char* kResultReportForms[] = {"text", "csv", "html", "xml"};
 bool IsResultReportForm(const std::string& strFormat);
 
-// Writes the report; the file, when one is named, is created or emptied.
-// Returns kExitOk, or kExitIncomplete after naming the failure on stderr
-// (pszCommand begins the message).
+// Each writes to the file when one is named (created or emptied), else to
+// standard output. Returns kExitOk, or kExitIncomplete after naming the
+// failure on stderr (pszCommand begins the message).
 int WriteResultReportOutput(CWZorvaneDoc& doc, const std::string& strFormat, EResultReport eReport,
                             const std::string& strOutput, const char* pszCommand);
+int WriteTextOutput(const std::string& strText, const std::string& strOutput,
+                    const char* pszCommand);
 
 }  // namespace zv

@@ -1,8 +1,8 @@
 #!/usr/bin/env python3
 """Checks `zorvane-cli largest files|dirs|owners|types` against an
 independent ranking of a generated tree: ties, a count above the number of
-files, no limit, the JSON shapes, a name that is not UTF-8 kept byte for
-byte, and the exit statuses.
+files, no limit, the JSON shapes, the text report as the default output, a
+name that is not UTF-8 kept byte for byte, and the exit statuses.
 
 Usage: largest_cli_test.py ZORVANE_CLI            (native)
        largest_cli_test.py --wine WINE ZORVANE_CLI.exe
@@ -62,11 +62,13 @@ class Runner:
         self.wine = wine
         self.root = root
 
-    def run(self, *args):
+    def native_root(self):
         root = os.fsdecode(self.root)
-        root = "Z:" + root.replace("/", "\\") if self.wine else root
-        return subprocess.run(self.command + list(args) + [root], stdout=subprocess.PIPE,
-                              stderr=subprocess.PIPE, timeout=300, env=ENV)
+        return "Z:" + root.replace("/", "\\") if self.wine else root
+
+    def run(self, *args):
+        return subprocess.run(self.command + list(args) + [self.native_root()],
+                              stdout=subprocess.PIPE, stderr=subprocess.PIPE, timeout=300, env=ENV)
 
     def path(self, text):
         if self.wine:
@@ -111,11 +113,16 @@ def main(argv):
                 rows = json.loads(result.stdout)
                 got = [(runner.path(row["path"]), row["size"]) for row in rows]
                 ok = check_ranking("%s --count %d" % (kind, count), got, sizes, count) and ok
-            # The text form lists the same rows: path, a tab, the size.
+            # Without --format: the text report of the list (UTF-16 with a
+            # byte order mark), the same rows in the same order.
             text = runner.run(kind, "--count", "-1").stdout
-            lines = [b"%s\t%d" % (p, s) for p, s in got]
-            if posix and text.splitlines() != lines:
-                print(kind, "text differs from JSON:\n", text, "\n", lines)
+            report = text.decode("utf-16", "surrogatepass")
+            title = "Zorvane: Largest " + ("files" if kind == "files" else "directories")
+            paths = [runner.path(line) for line in report.splitlines()
+                     if line.startswith(runner.native_root())]
+            if not text.startswith(b"\xff\xfe") or not report.startswith(title) \
+                    or paths != [p for p, _ in got]:
+                print(kind, "text report differs from JSON:\n", report, "\n", got)
                 ok = False
 
         types = {}

@@ -78,6 +78,73 @@ TEST(ResultReportsGolden, EveryReportInEveryForm) {
     }
 }
 
+// The screens' set: each screen's rows in its own order, a removed row left
+// out (the files' removed row stands between two rows of one group, so no
+// separator is written there), with the screens' openings, colours and
+// columns. Header text, volume lines, filters and the path column are on,
+// where the two sets differ.
+TEST(ResultReportsGolden, ScreensSetInEveryForm) {
+    const bool bUpdate = std::getenv("ZORVANE_UPDATE_GOLDENS") != nullptr;
+    const struct {
+        EPrintType eForm;
+        const char* pszName;
+    } kForms[] = {{PrintTypeText, "results-view-text.txt"},
+                  {PrintTypeExcel, "results-view-csv.txt"},
+                  {PrintTypeHtml, "results-view-html.txt"},
+                  {PrintTypeXml, "results-view-xml.txt"}};
+    for (const auto& form : kForms) {
+        SCOPED_TRACE(form.pszName);
+        CResultTree tree;
+        CWZorvaneDoc& doc = tree.m_doc;
+        auto& flags = doc.m_print.m_aFlags;
+        flags[SaveAsUnicode] = 0;
+        flags[PrintFilters] = flags[PrintFileSystemInfo] = flags[PrintNameSeparateColumn] = 1;
+        doc.m_print.m_strPrintTitle = u"Header text";
+        doc.m_options.m_dupFiles.m_bByteByByte = 1;
+
+        CFileViewRows dupFiles, largestFiles;
+        dupFiles.Add(*tree.m_pA);
+        dupFiles.Add(*tree.m_pB, true);
+        dupFiles.Add(*tree.m_pC);
+        largestFiles.Add(*tree.m_pC);
+        largestFiles.Add(*tree.m_pA);
+        largestFiles.Add(*tree.m_pB);
+        largestFiles.MarkRemoved(2);
+        CDirViewRows dupDirs, largestDirs;
+        dupDirs.Add(*tree.m_pEmpty);
+        dupDirs.Add(*tree.m_pSub);
+        largestDirs.Add(*tree.m_pSub);
+        largestDirs.Add(*tree.m_pRoot);
+        const CTotalTables& totals = doc.m_results.m_totals;
+        CTotalViewRows owners, types;
+        owners.Add(*totals.m_aOwners[1]);
+        owners.Add(*totals.m_aOwners[0]);
+        types.Add(*totals.m_aTypes[0], true);
+        types.Add(*totals.m_aTypes[1]);
+
+        std::string strAll;
+        auto Append = [&](EResultReport eReport, const auto& rows) {
+            CStringSink sink;
+            {
+                CReportStream out(sink, false);
+                EXPECT_TRUE(WriteViewResultReport(doc, out, form.eForm, eReport, rows));
+            }
+            strAll += test::PortablePaths(sink.m_strBytes) + "=====\n";
+        };
+        Append(ResultDuplicateFiles, dupFiles);
+        Append(ResultDuplicateDirs, dupDirs);
+        Append(ResultLargestFiles, largestFiles);
+        Append(ResultLargestDirs, largestDirs);
+        Append(ResultLargestOwner, owners);
+        Append(ResultLargestType, types);
+        if (bUpdate) {
+            std::ofstream(GoldenPath(form.pszName), std::ios::binary) << strAll;
+            continue;
+        }
+        EXPECT_EQ(strAll, ReadGolden(form.pszName));
+    }
+}
+
 // Without colours, the HTML rows of duplicate groups are parted by an empty
 // row, written only where the group number changes.
 TEST(ResultReportsGolden, HtmlSeparatorRowsWithoutColours) {
