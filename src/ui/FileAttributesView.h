@@ -31,6 +31,8 @@ public:
     CListRow RowAt(long nItem) const;
     std::vector<CListRow> SelectedRows() const;
     const CFileListColumns& Columns() const { return m_columns; }
+    // The header image of the sort column.
+    int SortImage(bool bAscending) const { return m_nSortImages + (bAscending ? 0 : 1); }
 
 protected:
     wxString OnGetItemText(long nItem, long nColumn) const override;
@@ -54,6 +56,7 @@ private:
     CFileListColumns m_columns;
     CDirectoryData* m_pDir = nullptr;
     bool m_bStatusPending = false;
+    int m_nSortImages = -1;
 };
 
 }  // namespace zv
