@@ -1,6 +1,5 @@
 #include "ui/FileListCommands.h"
 
-#include <wx/clipbrd.h>
 #include <wx/dataobj.h>
 #include <wx/dnd.h>
 #include <wx/textdlg.h>
@@ -8,6 +7,7 @@
 #include <memory>
 
 #include "core/host/Host.h"
+#include "ui/ClipboardFiles.h"
 #include "ui/FileAttributesView.h"
 #include "ui/FindDlg.h"
 #include "ui/WxText.h"
@@ -70,13 +70,7 @@ void CopySelectionToClipboard(CFileAttributesView& list) {
         Host().ShowMessage(u"No files selected");
         return;
     }
-    wxClipboardLocker locker;
-    if (!locker) {
-        Host().ShowMessage(u"Cannot open clipboard\n");
-        return;
-    }
-    if (!wxTheClipboard->SetData(FilesOfSelection(list).release()))
-        Host().ShowMessage(u"SetClipboardData failed");
+    CopyFilesToClipboard(FullPathsOf(list.SelectedRows()));
 }
 
 void DragSelection(CFileAttributesView& list) {
