@@ -142,15 +142,42 @@ void CFileAttributesView::ShowSortArrow() {
     const CDocumentOptions& options = m_frame.Document().m_options;
     const CSortArrow arrow = SortArrowFor({options.m_nFileSort, options.m_nDirSort});
     const int nIndex = arrow.m_bFound ? m_columns.IndexOf(arrow.m_eColumn) : -1;
-    // Header images rather than the toolkit's sort indicator: the GTK
-    // header draws that at the right edge, under the label of a
-    // right-aligned column such as "Size wSub".
+#ifdef __WXMSW__
+    // The native header draws its arrow beside the label, whatever the
+    // alignment.
+    if (nIndex >= 0)
+        ShowSortIndicator(nIndex, arrow.m_bAscending);
+    else
+        RemoveSortIndicator();
+#else
+    // The generic header draws the toolkit's sort arrow at the right edge,
+    // under the label of a right-aligned column such as "Size wSub": the
+    // arrow is a header image instead.
     for (int i = 0; i < GetColumnCount(); ++i) {
         wxListItem column;
         column.SetMask(wxLIST_MASK_IMAGE);
         column.SetImage(i == nIndex ? SortImage(arrow.m_bAscending) : -1);
         SetColumn(i, column);
     }
+#endif
+}
+
+int CFileAttributesView::SortArrowColumn(bool& bAscending) const {
+#ifdef __WXMSW__
+    bAscending = IsAscendingSortIndicator();
+    return GetSortIndicator();
+#else
+    for (int i = 0; i < GetColumnCount(); ++i) {
+        wxListItem column;
+        column.SetMask(wxLIST_MASK_IMAGE);
+        GetColumn(i, column);
+        if (column.GetImage() == SortImage(true) || column.GetImage() == SortImage(false)) {
+            bAscending = column.GetImage() == SortImage(true);
+            return i;
+        }
+    }
+    return -1;
+#endif
 }
 
 void CFileAttributesView::OnColumnClick(wxListEvent& event) {
