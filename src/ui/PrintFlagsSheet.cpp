@@ -87,7 +87,8 @@ wxPanel* CPrintFlagsSheet::BuildPage(wxWindow* pParent, EPrintPage ePage) {
                                   "You can apply a filter\n\n"
                                   "Example: Only get version information for *.dll, and *.exe"),
                     0, wxALL, 8);
-        auto* pEdit = new wxButton(pPage, wxID_ANY, bOffice ? "Change extensions" : "Version Filters");
+        auto* pEdit =
+            new wxButton(pPage, wxID_ANY, bOffice ? "Change extensions" : "Version Filters");
         pEdit->Bind(wxEVT_BUTTON, [this, bOffice](wxCommandEvent&) {
             CFilterListDlg dialog(this, m_doc,
                                   bOffice ? FilterOfficeExtensions : FilterVersionFiles);

@@ -20,8 +20,8 @@ TEST(PrintFlagsPages, MetadataPagesCoverTheirGroups) {
     const struct {
         EPrintPage m_ePage;
         EMetadataGroup m_eGroup;
-    } aPages[] = {{PageAvi, MetaAvi},         {PageMp3, MetaMp3},         {PageMsi, MetaMsi},
-                  {PageOffice, MetaOffice},   {PageVersion, MetaVersion}, {PageWav, MetaWav}};
+    } aPages[] = {{PageAvi, MetaAvi},       {PageMp3, MetaMp3},         {PageMsi, MetaMsi},
+                  {PageOffice, MetaOffice}, {PageVersion, MetaVersion}, {PageWav, MetaWav}};
     for (const auto& page : aPages) {
         const auto aBoxes = PrintPageBoxes(page.m_ePage);
         EXPECT_EQ(aBoxes.size(), MetadataPrintFields(page.m_eGroup).size()) << page.m_ePage;

@@ -65,9 +65,8 @@ long FindRow(CDirectoryData* pDir, const CFindRequest& request, EFindFrom eFrom,
             nRow = nCount - 1;
             break;
     }
-    const std::u16string strWanted = request.m_bCaseSensitive
-                                         ? request.m_strText
-                                         : platform::ToUpperCopy(request.m_strText);
+    const std::u16string strWanted =
+        request.m_bCaseSensitive ? request.m_strText : platform::ToUpperCopy(request.m_strText);
     for (; nRow >= 0 && nRow < nCount; nRow += bForward ? 1 : -1)
         if (RowHolds(RowOf(pDir, static_cast<size_t>(nRow)), request, strWanted)) return nRow;
     return -1;

@@ -31,24 +31,45 @@ constexpr CPrintCheckBox kGeneral[] = {
 };
 
 constexpr CPrintCheckBox kMp3[] = {
-    {u"Title", 32941},   {u"Artist", 32942},      {u"Album", 32943},   {u"Year", 32944},
-    {u"Comment", 32945}, {u"Genre", 32946},       {u"MP3 Version", 32947},
-    {u"Bitrate", 32948}, {u"Length", 32949},      {u"Frequency", 32950},
-    {u"Frames", 32951},  {u"Mode", 32952},        {u"Track", 33024},
+    {u"Title", 32941},   {u"Artist", 32942},    {u"Album", 32943},       {u"Year", 32944},
+    {u"Comment", 32945}, {u"Genre", 32946},     {u"MP3 Version", 32947}, {u"Bitrate", 32948},
+    {u"Length", 32949},  {u"Frequency", 32950}, {u"Frames", 32951},      {u"Mode", 32952},
+    {u"Track", 33024},
 };
 
 constexpr CPrintCheckBox kWav[] = {
-    {u"Audio format", 32955},      {u"Media length", 32956},      {u"Copyright", 32957},
-    {u"Archival location", 32958}, {u"Artist", 32959},            {u"Commissioned", 32960},
-    {u"Comments", 32961},          {u"Creation date", 32962},     {u"Cropped", 32963},
-    {u"Dimensions", 32964},        {u"Dots per inch", 32965},     {u"Engineer", 32966},
-    {u"Genre", 32967},             {u"Keywords", 32968},          {u"Lightness", 32969},
-    {u"Medium", 32970},            {u"Name", 32971},              {u"Pallette", 32972},
-    {u"Product", 32973},           {u"Subject", 32974},           {u"Software", 32975},
-    {u"Sharpness", 32976},         {u"Source", 32977},            {u"Source form", 32978},
-    {u"Technician", 32979},        {u"SMPTE", 32980},             {u"Digization time", 32981},
-    {u"Display name", 32982},      {u"Audio sample rate", 33005}, {u"Channels", 33006},
-    {u"Audio sample size", 33007}, {u"Bit rate", 33008},
+    {u"Audio format", 32955},
+    {u"Media length", 32956},
+    {u"Copyright", 32957},
+    {u"Archival location", 32958},
+    {u"Artist", 32959},
+    {u"Commissioned", 32960},
+    {u"Comments", 32961},
+    {u"Creation date", 32962},
+    {u"Cropped", 32963},
+    {u"Dimensions", 32964},
+    {u"Dots per inch", 32965},
+    {u"Engineer", 32966},
+    {u"Genre", 32967},
+    {u"Keywords", 32968},
+    {u"Lightness", 32969},
+    {u"Medium", 32970},
+    {u"Name", 32971},
+    {u"Pallette", 32972},
+    {u"Product", 32973},
+    {u"Subject", 32974},
+    {u"Software", 32975},
+    {u"Sharpness", 32976},
+    {u"Source", 32977},
+    {u"Source form", 32978},
+    {u"Technician", 32979},
+    {u"SMPTE", 32980},
+    {u"Digization time", 32981},
+    {u"Display name", 32982},
+    {u"Audio sample rate", 33005},
+    {u"Channels", 33006},
+    {u"Audio sample size", 33007},
+    {u"Bit rate", 33008},
 };
 
 constexpr CPrintCheckBox kAvi[] = {
@@ -68,11 +89,14 @@ constexpr CPrintCheckBox kAvi[] = {
 };
 
 constexpr CPrintCheckBox kMsi[] = {
-    {u"Title", 32954},        {u"Subject", 32955},          {u"Keywords", 32957},
-    {u"Template", 32958},     {u"Page Count", 32959},       {u"Word Count", 32960},
-    {u"Comments", 32961},     {u"Author", 32963},           {u"Revision", 32964},
-    {u"Application name", 32965}, {u"Create date", 32966},  {u"Save date", 32967},
-    {u"Printed date", 32968}, {u"Edit time", 32969},        {u"Last Author", 32970},
+    {u"Title", 32954},        {u"Subject", 32955},
+    {u"Keywords", 32957},     {u"Template", 32958},
+    {u"Page Count", 32959},   {u"Word Count", 32960},
+    {u"Comments", 32961},     {u"Author", 32963},
+    {u"Revision", 32964},     {u"Application name", 32965},
+    {u"Create date", 32966},  {u"Save date", 32967},
+    {u"Printed date", 32968}, {u"Edit time", 32969},
+    {u"Last Author", 32970},
 };
 
 constexpr CPrintCheckBox kOffice[] = {
@@ -117,11 +141,11 @@ constexpr CPrintCheckBox kOffice[] = {
 };
 
 constexpr CPrintCheckBox kVersion[] = {
-    {u"Language", 32985},          {u"Company name", 32986},  {u"Description", 32987},
-    {u"Version", 32988},           {u"Internal name", 32989}, {u"Copyright", 32990},
-    {u"Original filename", 32991}, {u"Product name", 32992},  {u"Product version", 32993},
-    {u"Comments", 32994},          {u"Legal trademarks", 32995},
-    {u"Private build", 32996},     {u"Special build", 32997},
+    {u"Language", 32985},          {u"Company name", 32986},     {u"Description", 32987},
+    {u"Version", 32988},           {u"Internal name", 32989},    {u"Copyright", 32990},
+    {u"Original filename", 32991}, {u"Product name", 32992},     {u"Product version", 32993},
+    {u"Comments", 32994},          {u"Legal trademarks", 32995}, {u"Private build", 32996},
+    {u"Special build", 32997},
 };
 
 constexpr CPrintCheckBox kHtml[] = {
@@ -240,7 +264,8 @@ void CPrintFlagsSheetData::StoreInto(CPrintSettings& print) const {
             } else {
                 const EMetadataGroup eGroup = GroupOfPage(ePage);
                 const int nIndex = MetadataFieldIndex(eGroup, aBoxes[i].m_nKey);
-                if (nIndex >= 0) print.m_aMetadataFlags[eGroup][static_cast<size_t>(nIndex)] = bChecked;
+                if (nIndex >= 0)
+                    print.m_aMetadataFlags[eGroup][static_cast<size_t>(nIndex)] = bChecked;
             }
         }
     }
