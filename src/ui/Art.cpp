@@ -1,6 +1,7 @@
 #include "ui/Art.h"
 
 #include <wx/dcmemory.h>
+#include <wx/image.h>
 
 #include "core/records/DirectoryData.h"
 #include "platform/FileSystem.h"
@@ -55,7 +56,27 @@ wxBitmap Document() {
     return Finish(bitmap);
 }
 
+// Set pixel by pixel: a drawn polygon would be smoothed into the mask
+// colour and leave a coloured fringe.
+wxBitmap SortArrow(bool bAscending) {
+    wxImage image(16, 16);
+    image.SetRGB(wxRect(0, 0, 16, 16), kTransparent.Red(), kTransparent.Green(),
+                 kTransparent.Blue());
+    for (int nRow = 0; nRow < 5; ++nRow) {
+        const int y = bAscending ? 6 + nRow : 10 - nRow;
+        for (int x = 8 - nRow; x <= 8 + nRow; ++x) image.SetRGB(x, y, 90, 90, 90);
+    }
+    image.SetMaskColour(kTransparent.Red(), kTransparent.Green(), kTransparent.Blue());
+    return wxBitmap(image);
+}
+
 }  // namespace
+
+int AddSortArrowImages(wxImageList& images) {
+    const int nFirst = images.Add(SortArrow(true));
+    images.Add(SortArrow(false));
+    return nFirst;
+}
 
 wxImageList* CreateFolderImages() {
     const wxColour aColours[] = {

@@ -17,6 +17,9 @@ wxImageList* CreateFolderImages();
 // match of system, encrypted, compressed, protected wins.
 int FolderImageIndex(uint32_t uAttributes, uint16_t uDirFlags, bool bOpen);
 inline constexpr int kFileImage = 10;
+// Adds the header's sort arrows, ascending then descending, and returns the
+// index of the first. A column without an arrow has no image.
+int AddSortArrowImages(wxImageList& images);
 
 // A 16 by 16 button image with a short label, for commands without stock
 // art.

@@ -10,6 +10,7 @@
 #include "fileops/NewFolder.h"
 #include "fileops/RenameOnDisk.h"
 #include "ui/Art.h"
+#include "ui/FileListCommands.h"
 #include "ui/MainFrame.h"
 #include "ui/TreeCtrlView.h"
 #include "ui/WxText.h"
@@ -23,7 +24,9 @@ CFileAttributesView::CFileAttributesView(wxWindow* pParent, CZorvaneFrame& frame
     : wxListCtrl(pParent, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                  wxLC_REPORT | wxLC_VIRTUAL | wxLC_EDIT_LABELS),
       m_frame(frame) {
-    AssignImageList(CreateFolderImages(), wxIMAGE_LIST_SMALL);
+    wxImageList* pImages = CreateFolderImages();
+    m_nSortImages = AddSortArrowImages(*pImages);
+    AssignImageList(pImages, wxIMAGE_LIST_SMALL);
     Bind(wxEVT_LIST_COL_CLICK, &CFileAttributesView::OnColumnClick, this);
     Bind(wxEVT_LIST_ITEM_SELECTED, &CFileAttributesView::OnSelectionChanged, this);
     Bind(wxEVT_LIST_ITEM_DESELECTED, &CFileAttributesView::OnSelectionChanged, this);
@@ -31,6 +34,7 @@ CFileAttributesView::CFileAttributesView(wxWindow* pParent, CZorvaneFrame& frame
     Bind(wxEVT_CONTEXT_MENU, &CFileAttributesView::OnContextMenu, this);
     Bind(wxEVT_LIST_BEGIN_LABEL_EDIT, &CFileAttributesView::OnBeginLabelEdit, this);
     Bind(wxEVT_LIST_END_LABEL_EDIT, &CFileAttributesView::OnEndLabelEdit, this);
+    Bind(wxEVT_LIST_BEGIN_DRAG, [this](wxListEvent&) { DragSelection(*this); });
 }
 
 void CFileAttributesView::InsertListColumn(EListColumn eColumn, int nWidth) {
@@ -138,10 +142,42 @@ void CFileAttributesView::ShowSortArrow() {
     const CDocumentOptions& options = m_frame.Document().m_options;
     const CSortArrow arrow = SortArrowFor({options.m_nFileSort, options.m_nDirSort});
     const int nIndex = arrow.m_bFound ? m_columns.IndexOf(arrow.m_eColumn) : -1;
+#ifdef __WXMSW__
+    // The native header draws its arrow beside the label, whatever the
+    // alignment.
     if (nIndex >= 0)
         ShowSortIndicator(nIndex, arrow.m_bAscending);
     else
         RemoveSortIndicator();
+#else
+    // The generic header draws the toolkit's sort arrow at the right edge,
+    // under the label of a right-aligned column such as "Size wSub": the
+    // arrow is a header image instead.
+    for (int i = 0; i < GetColumnCount(); ++i) {
+        wxListItem column;
+        column.SetMask(wxLIST_MASK_IMAGE);
+        column.SetImage(i == nIndex ? SortImage(arrow.m_bAscending) : -1);
+        SetColumn(i, column);
+    }
+#endif
+}
+
+int CFileAttributesView::SortArrowColumn(bool& bAscending) const {
+#ifdef __WXMSW__
+    bAscending = IsAscendingSortIndicator();
+    return GetSortIndicator();
+#else
+    for (int i = 0; i < GetColumnCount(); ++i) {
+        wxListItem column;
+        column.SetMask(wxLIST_MASK_IMAGE);
+        GetColumn(i, column);
+        if (column.GetImage() == SortImage(true) || column.GetImage() == SortImage(false)) {
+            bAscending = column.GetImage() == SortImage(true);
+            return i;
+        }
+    }
+    return -1;
+#endif
 }
 
 void CFileAttributesView::OnColumnClick(wxListEvent& event) {
@@ -208,6 +244,15 @@ void CFileAttributesView::OnUpdate(int nHint) {
             break;
         case CmdInvertSelection:
             SelectAll(false, true);
+            break;
+        case CmdSelectMatching:
+            SelectMatching(*this);
+            break;
+        case CmdFind:
+            FindInList(*this);
+            break;
+        case CmdCopy:
+            CopySelectionToClipboard(*this);
             break;
         case CmdOpen:
             OpenSelected();

@@ -31,6 +31,8 @@ public:
     CListRow RowAt(long nItem) const;
     std::vector<CListRow> SelectedRows() const;
     const CFileListColumns& Columns() const { return m_columns; }
+    // The column that shows the sort arrow, or -1.
+    int SortArrowColumn(bool& bAscending) const;
 
 protected:
     wxString OnGetItemText(long nItem, long nColumn) const override;
@@ -39,6 +41,7 @@ protected:
 private:
     void InsertListColumn(EListColumn eColumn, int nWidth);
     void ShowSortArrow();
+    int SortImage(bool bAscending) const { return m_nSortImages + (bAscending ? 0 : 1); }
     void OnColumnClick(wxListEvent& event);
     void OnSelectionChanged(wxListEvent& event);
     void OnActivated(wxListEvent& event);
@@ -54,6 +57,7 @@ private:
     CFileListColumns m_columns;
     CDirectoryData* m_pDir = nullptr;
     bool m_bStatusPending = false;
+    int m_nSortImages = -1;
 };
 
 }  // namespace zv

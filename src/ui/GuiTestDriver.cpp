@@ -1,9 +1,12 @@
 #include "ui/GuiTestDriver.h"
 
+#include <wx/clipbrd.h>
+#include <wx/dataobj.h>
 #include <wx/ffile.h>
 #include <wx/filefn.h>
 #include <wx/filename.h>
 #include <wx/textctrl.h>
+#include <wx/textdlg.h>
 #include <wx/uiaction.h>
 #include <wx/utils.h>
 
@@ -15,7 +18,9 @@
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 #include "ui/FileAttributesView.h"
+#include "ui/FindDlg.h"
 #include "ui/MainFrame.h"
+#include "ui/PrintFlagsSheet.h"
 #include "ui/TreeCtrlView.h"
 #include "ui/WindowHost.h"
 #include "ui/WxText.h"
@@ -32,6 +37,23 @@ constexpr int kMaxWaitTicks = 100;
 constexpr auto kWatchdog = std::chrono::seconds(150);
 // Slows the scan of the small test tree enough to stop it halfway.
 constexpr int kSlowPumpMicroseconds = 3000;
+
+template <class TDialog>
+TDialog* OpenDialog() {
+    for (wxWindowList::compatibility_iterator node = wxTopLevelWindows.GetFirst(); node;
+         node = node->GetNext())
+        if (auto* pDialog = dynamic_cast<TDialog*>(node->GetData()); pDialog && pDialog->IsShown())
+            return pDialog;
+    return nullptr;
+}
+
+// "-1" when no column has the arrow, "2 descending" and so on.
+wxString SortArrowText(const CFileAttributesView& list) {
+    bool bAscending = false;
+    const int nColumn = list.SortArrowColumn(bAscending);
+    if (nColumn < 0) return "-1";
+    return wxString::Format("%d %s", nColumn, bAscending ? "ascending" : "descending");
+}
 
 }  // namespace
 
@@ -73,6 +95,12 @@ void CGuiTestDriver::ClickAt(const wxPoint& screenPoint) {
     simulator.MouseMove(screenPoint);
     wxMilliSleep(50);
     simulator.MouseClick();
+}
+
+void CGuiTestDriver::ClickButton(wxWindow* pDialog, int nId) {
+    wxWindow* pButton = pDialog ? pDialog->FindWindow(nId) : nullptr;
+    Check(pButton != nullptr, wxString::Format("the dialog has button %d", nId));
+    if (pButton) ClickAt(pButton->GetScreenRect().GetPosition() + pButton->GetSize() / 2);
 }
 
 void CGuiTestDriver::PostCommand(int nId) {
@@ -121,6 +149,8 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
             Check(m_nFullFileCount > 0, "the scan found files");
             Check(list.GetItemCount() > 0, "the file list shows the root's entries");
             Check(!m_frame.StatusField()->GetValue().empty(), "the status field shows the path");
+            Check(SortArrowText(list) == "2 descending",
+                  "the default sort's arrow stands on \"Size wSub\": " + SortArrowText(list));
             Screenshot("gui-1-scanned");
             return true;
         }
@@ -171,6 +201,8 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
                 if (nWanted == 1 ? n > 0 : n < 0) bOrdered = false;
             }
             Check(bOrdered, wxString::Format("the header click sorts by name (code %d)", nWanted));
+            Check(SortArrowText(list) == (nWanted == 1 ? "0 ascending" : "0 descending"),
+                  "the arrow moved to \"Name\": " + SortArrowText(list));
             Check(list.GetItemText(0) == ToWx(CellText(doc, ColName, list.RowAt(0))),
                   "the first row shows the first record");
             Screenshot(m_nStep == 4 ? "gui-3-sorted-by-name" : "gui-4-sorted-by-name-descending");
@@ -218,6 +250,95 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
             if (!bIdle || doc.m_scan.m_aAllFiles.GetSize() != m_nFullFileCount) return false;
             Check(tree.HasItems() && doc.m_pCurrentDir, "the full rescan shows the tree again");
             Screenshot("gui-8-rescanned");
+            PostCommand(CmdSelectMatching);
+            return true;
+        }
+        case 12: {  // "Select Matching" asks for a pattern.
+            auto* pDialog = OpenDialog<wxTextEntryDialog>();
+            if (!pDialog) return false;
+            pDialog->SetValue("FILE00*");
+            return true;
+        }
+        case 13: {  // Shown with its text, then OK.
+            auto* pDialog = OpenDialog<wxTextEntryDialog>();
+            if (!pDialog) return false;
+            Screenshot("gui-9-select-matching");
+            ClickButton(pDialog, wxID_OK);
+            return true;
+        }
+        case 14: {
+            if (OpenDialog<wxTextEntryDialog>()) return false;
+            CDirectoryData* pDir = doc.m_pCurrentDir;
+            int nWanted = 0;
+            for (size_t i = 0; pDir && i < pDir->m_aFiles.GetSize(); ++i)
+                nWanted += pDir->m_aFiles[i]->m_strName.View().starts_with(u"file00");
+            Check(nWanted > 0 && list.GetSelectedItemCount() == nWanted,
+                  wxString::Format("Select Matching selected the %d matching files", nWanted));
+            Screenshot("gui-10-matching-selected");
+            PostCommand(CmdCopy);
+            return true;
+        }
+        case 15: {  // The clipboard holds the selected files.
+            wxArrayString aFiles;
+            if (wxTheClipboard->Open()) {
+                wxFileDataObject data;
+                if (wxTheClipboard->IsSupported(wxDF_FILENAME) && wxTheClipboard->GetData(data))
+                    aFiles = data.GetFilenames();
+                wxTheClipboard->Close();
+            }
+            if (aFiles.empty()) return false;
+            const long nFirst = list.GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED);
+            Check(aFiles.size() == static_cast<size_t>(list.GetSelectedItemCount()) &&
+                      aFiles[0] == ToWx(list.RowAt(nFirst).m_pFile->GetFullPath()),
+                  wxString::Format("Copy put %zu selected paths on the clipboard", aFiles.size()));
+            PostCommand(CmdFind);
+            return true;
+        }
+        case 16: {  // "Find" a file by part of its name.
+            auto* pDialog = OpenDialog<CFindDlg>();
+            if (!pDialog) return false;
+            auto* pText = dynamic_cast<wxTextCtrl*>(pDialog->FindWindow("findFileText"));
+            Check(pText != nullptr, "the find dialog has its file name box");
+            if (pText) pText->ChangeValue("LE039");
+            return true;
+        }
+        case 17: {
+            auto* pDialog = OpenDialog<CFindDlg>();
+            if (!pDialog) return false;
+            Screenshot("gui-11-find");
+            ClickButton(pDialog, CFindDlg::IdFromBeginning);
+            return true;
+        }
+        case 18: {
+            if (OpenDialog<CFindDlg>()) return false;
+            const long nItem = list.GetNextItem(-1, wxLIST_NEXT_ALL, wxLIST_STATE_SELECTED);
+            const CListRow row = list.RowAt(nItem);
+            Check(list.GetSelectedItemCount() == 1 && row.m_pFile &&
+                      row.m_pFile->m_strName.View() == u"file039.txt",
+                  "Find selected the one file that holds the text");
+            Screenshot("gui-12-found");
+            PostCommand(CmdPrintOptions);
+            return true;
+        }
+        case 19: {  // The printing options: none for all tabs, then OK.
+            auto* pSheet = OpenDialog<CPrintFlagsSheet>();
+            if (!pSheet) return false;
+            ClickButton(pSheet, CPrintFlagsSheet::IdNoneForAllTabs);
+            return true;
+        }
+        case 20: {
+            auto* pSheet = OpenDialog<CPrintFlagsSheet>();
+            if (!pSheet) return false;
+            Screenshot("gui-13-printing-options");
+            Check(doc.m_print.Flag(PrintSize), "the flags change only on OK");
+            ClickButton(pSheet, wxID_OK);
+            return true;
+        }
+        case 21: {
+            if (OpenDialog<CPrintFlagsSheet>()) return false;
+            Check(!doc.m_print.Flag(PrintSize) && !doc.m_print.MetadataFlag(MetaMp3, 32941) &&
+                      doc.m_print.Flag(SaveAsUnicode),
+                  "OK on the printing options stored \"None for all tabs\"");
             m_nLastStep = m_nStep;
             return true;
         }

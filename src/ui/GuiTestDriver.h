@@ -1,7 +1,8 @@
 // The program's own test hook, switched on by the environment variable
 // ZORVANE_GUI_TEST=DIRECTORY: a timer walks the main window through a
 // scan, a click on a tree item, clicks on a column header, New Folder
-// renamed in place by typing, a rescan that is stopped and a full rescan, checking what the
+// renamed in place by typing, a rescan that is stopped and a full rescan,
+// Select Matching, Copy, Find and the printing options, checking what the
 // controls show and asking for a screenshot of the screen after each step. A screenshot is asked
 // for by writing NAME.request into the directory and waiting for NAME.png
 // (the test's runner takes it), so the same driver serves the Linux build
@@ -35,6 +36,7 @@ private:
     void Check(bool bCondition, const wxString& strWhat);
     void Screenshot(const wxString& strName);
     void ClickAt(const wxPoint& screenPoint);
+    void ClickButton(wxWindow* pDialog, int nId);
     void PostCommand(int nId);
     void Finish();
 

@@ -8,6 +8,7 @@
 #include "core/records/DirectoryData.h"
 #include "fileops/RenameOnDisk.h"
 #include "ui/Art.h"
+#include "ui/ClipboardFiles.h"
 #include "ui/FileAttributesView.h"
 #include "ui/MainFrame.h"
 #include "ui/WxText.h"
@@ -170,28 +171,40 @@ void CTreeCtrlView::OnItemMenu(wxTreeEvent& event) {
     // do yet stands there disabled.
     const wxTreeItemId item = event.GetItem();
     const bool bUsable = item.IsOk() && DirectoryOf(item) && !m_frame.Document().m_bScanning;
-    enum { IdRename = 1, IdFirstUnbuilt };
-    static const char* const apszUnbuilt[] = {
-        "Properties",
-        "Send to MS Explorer",
-        "CMD window here",
-        "Delete (to recycle bin)",
-        "Delete (NO recycle bin)",
-        "Cut",
-        "Copy",
-        "Paste",
-        "Move To...",
-        "Copy To...",
+    enum { IdUnbuilt, IdRename, IdCopy };
+    static const struct {
+        int m_nId;
+        const char* m_pszText;
+    } aItems[] = {
+        {IdUnbuilt, "Properties"},
+        {IdRename, "Rename"},
+        {IdUnbuilt, "Send to MS Explorer"},
+        {IdUnbuilt, "CMD window here"},
+        {IdUnbuilt, "Delete (to recycle bin)"},
+        {IdUnbuilt, "Delete (NO recycle bin)"},
+        {IdUnbuilt, "Cut"},
+        {IdCopy, "Copy"},
+        {IdUnbuilt, "Paste"},
+        {IdUnbuilt, "Move To..."},
+        {IdUnbuilt, "Copy To..."},
     };
     wxMenu menu;
-    menu.Append(IdRename, "Rename");
-    menu.Enable(IdRename, bUsable);
-    int nId = IdFirstUnbuilt;
-    for (const char* pszText : apszUnbuilt) {
-        menu.Append(nId, pszText);
-        menu.Enable(nId++, false);
+    int nUnbuilt = 100;
+    for (const auto& entry : aItems) {
+        const int nId = entry.m_nId == IdUnbuilt ? nUnbuilt++ : entry.m_nId;
+        menu.Append(nId, entry.m_pszText);
+        menu.Enable(nId, entry.m_nId != IdUnbuilt && bUsable);
     }
-    if (GetPopupMenuSelectionFromUser(menu) == IdRename) EditLabel(item);
+    switch (GetPopupMenuSelectionFromUser(menu)) {
+        case IdRename:
+            EditLabel(item);
+            break;
+        case IdCopy:
+            CopyFilesToClipboard({DirectoryOf(item)->GetFullPath()});
+            break;
+        default:
+            break;
+    }
 }
 
 void CTreeCtrlView::OnUpdate(int nHint) {

@@ -13,6 +13,7 @@
 #include "ui/FileAttributesView.h"
 #include "ui/FilterListDlg.h"
 #include "ui/MainFrame.h"
+#include "ui/PrintFlagsSheet.h"
 #include "ui/SelectRootsDlg.h"
 #include "ui/TreeCtrlView.h"
 #include "ui/WxText.h"
@@ -162,6 +163,11 @@ void CZorvaneFrame::OnCommand(int nId) {
         case CmdFilterDir:
             EditFilterList(FilterDir);
             break;
+        case CmdPrintOptions: {
+            CPrintFlagsSheet sheet(this, m_doc);
+            sheet.ShowModal();
+            break;
+        }
         case CmdSizeBytes:
             SetSizeUnit(0);
             break;

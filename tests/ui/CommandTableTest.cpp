@@ -55,7 +55,13 @@ TEST(CommandTable, EnableRules) {
         {CmdSortCrcAsc, idle, false},
         {CmdSortOwnerAsc, idle, false},
         {CmdExit, scanning, true},
-        {CmdPrintOptions, idle, false},
+        {CmdPrintWidths, idle, false},
+        {CmdPrintOptions, idle, true},
+        {CmdPrintOptions, scanning, false},
+        {CmdCopy, idle, false},
+        {CmdCopy, selected, true},
+        {CmdFind, empty, false},
+        {CmdSelectMatching, idle, true},
         {CmdLoadSettings, scanning, false},
     };
     for (const auto& c : aCases)

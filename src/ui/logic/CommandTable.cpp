@@ -79,15 +79,15 @@ constexpr CCommandEntry kCommands[] = {
     {u"&Compare", CmdOwnDiffProgram, u"Use your own diff program...", RuleNotBuilt},
 
     {u"&Edit", CmdCut, u"Cut\tCtrl+X", RuleNotBuilt},
-    {u"&Edit", CmdCopy, u"Copy\tCtrl+C", RuleNotBuilt},
+    {u"&Edit", CmdCopy, u"Copy\tCtrl+C", RuleSelection},
     {u"&Edit", CmdPaste, u"Paste\tCtrl+V", RuleNotBuilt},
     {u"&Edit", CmdLink, u"Link\tCtrl+L", RuleNotBuilt},
     {u"&Edit", 0, nullptr, RuleAlways},
     {u"&Edit", CmdSelectAll, u"Select &All\tCtrl+A", RuleDirShown},
-    {u"&Edit", CmdSelectMatching, u"Select &Matching", RuleNotBuilt},
+    {u"&Edit", CmdSelectMatching, u"Select &Matching", RuleDirShown},
     {u"&Edit", CmdInvertSelection, u"&Invert Selection", RuleDirShown},
     {u"&Edit", CmdUnselectAll, u"&Unselect All", RuleDirShown},
-    {u"&Edit", CmdFind, u"Find...\tCtrl+F", RuleNotBuilt},
+    {u"&Edit", CmdFind, u"Find...\tCtrl+F", RuleDirShown},
 
     {u"&Sort", CmdSortNameAsc, u"Sort by Name Ascending", RuleIdle, CheckFileSort, 1},
     {u"&Sort", CmdSortNameDesc, u"Sort by Name Descending", RuleIdle, CheckFileSort, 2},
@@ -153,7 +153,7 @@ constexpr CCommandEntry kCommands[] = {
 
     {u"&Print", CmdPrintWidths, u"Set Printing Widths...", RuleNotBuilt},
     {u"&Print", CmdPrintFonts, u"Select Printing Fonts...", RuleNotBuilt},
-    {u"&Print", CmdPrintOptions, u"Set Printing Options...", RuleNotBuilt},
+    {u"&Print", CmdPrintOptions, u"Set Printing Options...", RuleIdle},
     {u"&Print", CmdAutoPrint, u"Auto Print ...", RuleNotBuilt},
 
     {u"&Help", CmdHelp, u"&Help\tF1", RuleNotBuilt},
