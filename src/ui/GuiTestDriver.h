@@ -1,7 +1,8 @@
 // The program's own test hook, switched on by the environment variable
 // ZORVANE_GUI_TEST=DIRECTORY: a timer walks the main window through a
 // scan, a click on a tree item, clicks on a column header, New Folder
-// renamed in place by typing, a rescan that is stopped and a full rescan, checking what the
+// renamed in place by typing, a rescan that is stopped and a full rescan, then the
+// about box of start-up and the dialogs that set up a scan, checking what the
 // controls show and asking for a screenshot of the screen after each step. A screenshot is asked
 // for by writing NAME.request into the directory and waiting for NAME.png
 // (the test's runner takes it), so the same driver serves the Linux build
@@ -14,6 +15,8 @@
 #include <wx/timer.h>
 
 #include <chrono>
+
+class wxDialog;
 
 namespace zv {
 
@@ -37,6 +40,10 @@ private:
     void ClickAt(const wxPoint& screenPoint);
     void PostCommand(int nId);
     void Finish();
+    wxDialog* OpenDialog(const wxString& strTitle) const;
+    // Takes the open modal dialog's screenshot and cancels it; false while
+    // it has not been seen open for a tick.
+    bool CloseDialog(const wxString& strTitle, const wxString& strScreenshot);
 
     CZorvaneApp& m_app;
     CMainFrame& m_frame;
@@ -49,6 +56,8 @@ private:
     int m_nFailures = 0;
     size_t m_nFullFileCount = 0;
     bool m_bBusy = false;
+    bool m_bAboutSeen = false;
+    wxDialog* m_pSeenDialog = nullptr;
     std::chrono::steady_clock::time_point m_start;
 };
 

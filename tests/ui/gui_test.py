@@ -5,7 +5,8 @@ screenshot of the screen after each step in OUT_DIR.
 The program's own test hook (ZORVANE_GUI_TEST, see src/ui/GuiTestDriver.h)
 scans a generated tree named by a settings file, clicks a tree item and a
 column header with the toolkit's UI action simulator, makes a New Folder and
-types its new name, stops a rescan and rescans; it writes NAME.request when it wants a screenshot, and this script
+types its new name, stops a rescan and rescans, and opens the about box and the
+dialogs that set up a scan; it writes NAME.request when it wants a screenshot, and this script
 takes it with ImageMagick's `import`. A second run checks the unattended
 mode: a settings file with "Exit program after printing" ends with status 0
 by itself.
@@ -100,7 +101,8 @@ def main(argv):
         expected = [
             "gui-1-scanned", "gui-2-directory-selected", "gui-3-sorted-by-name",
             "gui-4-sorted-by-name-descending", "gui-5-folder-renamed", "gui-6-scanning",
-            "gui-7-stopped", "gui-8-rescanned"]
+            "gui-7-stopped", "gui-8-rescanned", "gui-0-about", "gui-9-duplicate-options",
+            "gui-10-size-date-filters", "gui-11-max-depth"]
         for name in expected:
             if not os.path.exists(os.path.join(out_dir, name + ".png")):
                 print("FAILED: no screenshot", name)
