@@ -53,9 +53,27 @@ class Program:
     def native(self, path):
         return "Z:" + path.replace("/", "\\") if self.wine else path
 
+    def stop_wine_server(self):
+        """Ends the prefix's Wine server and every program it still runs.
+        The desktop of a Wine server belongs to the display its first program
+        saw: after a test without one (CTest runs the Windows unit tests
+        without a display) the server and its desktop outlive their last
+        program by a few seconds, and a window program started into them
+        gets no graphics driver, so no window at all (and the toolkit's
+        assertion on that window stops the unattended run with a breakpoint
+        trap). Started afresh, the server's desktop is on the virtual X
+        server. The test runs alone (RUN_SERIAL), so no other test's Wine
+        program is stopped."""
+        server = shutil.which("wineserver", path=os.path.dirname(os.path.abspath(self.wine)))
+        server = server or shutil.which("wineserver") or "wineserver"
+        subprocess.run([server, "-k"], check=False, stderr=subprocess.DEVNULL)
+        subprocess.run([server, "-w"], check=False, stderr=subprocess.DEVNULL)
+
     def run(self, settings, out_dir, env):
         """Runs the program, answering screenshot requests in out_dir, and
         returns its status (None when it had to be killed)."""
+        if self.wine:
+            self.stop_wine_server()
         process = subprocess.Popen(self.command + [self.native(settings)], env=env)
         deadline = time.time() + TIMEOUT
         while time.time() < deadline:
