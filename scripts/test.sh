@@ -32,8 +32,4 @@ fuzz/run-fuzzers.sh 20 300000
 echo "=== windows"
 cmake --preset windows >/dev/null
 cmake --build --preset windows -j "$jobs"
-# The desktop program's window test under Wine fails in a freshly made
-# prefix here (no window, then a breakpoint trap) while it passes when run
-# again by hand: it is left out of the run until that is understood, and
-# runs with `ctest --preset windows -L wine_gui`.
-ctest --preset windows -j "$jobs" -LE wine_gui
+ctest --preset windows -j "$jobs"

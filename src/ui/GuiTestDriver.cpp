@@ -2,6 +2,7 @@
 
 #include <wx/clipbrd.h>
 #include <wx/dataobj.h>
+#include <wx/dialog.h>
 #include <wx/ffile.h>
 #include <wx/filefn.h>
 #include <wx/filename.h>
@@ -115,10 +116,41 @@ void CGuiTestDriver::Finish() {
     m_frame.Close(true);
 }
 
+wxDialog* CGuiTestDriver::OpenDialog(const wxString& strTitle) const {
+    for (auto node = wxTopLevelWindows.GetFirst(); node; node = node->GetNext()) {
+        auto* pDialog = dynamic_cast<wxDialog*>(node->GetData());
+        if (pDialog && pDialog->IsModal() && pDialog->GetTitle() == strTitle) return pDialog;
+    }
+    return nullptr;
+}
+
+bool CGuiTestDriver::CloseDialog(const wxString& strTitle, const wxString& strScreenshot) {
+    wxDialog* pDialog = OpenDialog(strTitle);
+    // A dialog gets one tick to draw itself before its screenshot.
+    if (!pDialog || pDialog != m_pSeenDialog) {
+        m_pSeenDialog = pDialog;
+        return false;
+    }
+    m_pSeenDialog = nullptr;
+    pDialog->Refresh();
+    pDialog->Update();
+    Check(true, "the dialog \"" + strTitle + "\" opened");
+    Screenshot(strScreenshot);
+    pDialog->EndModal(wxID_CANCEL);
+    return true;
+}
+
 void CGuiTestDriver::OnTimer(wxTimerEvent&) {
     // Timers fire inside the scan's message pump too; one step at a time.
     if (m_bBusy) return;
     m_bBusy = true;
+    // The about box of start-up comes after the first scan, whatever step
+    // waits.
+    if (!m_bAboutSeen && OpenDialog("About Zorvane")) {
+        m_bAboutSeen = CloseDialog("About Zorvane", "gui-0-about");
+        m_bBusy = false;
+        return;
+    }
     if (std::chrono::steady_clock::now() - m_start > kWatchdog) {
         Check(false, "the whole run within its time");
         Finish();
@@ -142,8 +174,8 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
     CFileAttributesView& list = main.List();
     const bool bIdle = !doc.m_bScanning;
     switch (m_nStep) {
-        case 0: {  // The scan the settings file started.
-            if (!bIdle || !doc.m_pCurrentDir) return false;
+        case 0: {  // The scan the settings file started, and the start-up hints.
+            if (!bIdle || !doc.m_pCurrentDir || !m_bAboutSeen) return false;
             m_nFullFileCount = doc.m_scan.m_aAllFiles.GetSize();
             Check(tree.HasItems(), "the tree has the root");
             Check(m_nFullFileCount > 0, "the scan found files");
@@ -339,9 +371,24 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
             Check(!doc.m_print.Flag(PrintSize) && !doc.m_print.MetadataFlag(MetaMp3, 32941) &&
                       doc.m_print.Flag(SaveAsUnicode),
                   "OK on the printing options stored \"None for all tabs\"");
-            m_nLastStep = m_nStep;
+            PostCommand(CmdDupOptions);
             return true;
         }
+        // The dialogs a scan is set up with open from the menu.
+        case 22:
+            if (!CloseDialog("Duplicate Options", "gui-14-duplicate-options")) return false;
+            PostCommand(CmdFilterSizeDate);
+            return true;
+        case 23:
+            if (!CloseDialog("Size and Date Filters", "gui-15-size-date-filters")) return false;
+            PostCommand(CmdMaxDepth);
+            return true;
+        case 24:
+            return CloseDialog("Set maximum directory depth", "gui-16-max-depth");
+        case 25:  // The last dialog has gone before the window closes.
+            if (OpenDialog("Set maximum directory depth")) return false;
+            m_nLastStep = m_nStep;
+            return true;
         default:
             return true;
     }

@@ -2,7 +2,8 @@
 // ZORVANE_GUI_TEST=DIRECTORY: a timer walks the main window through a
 // scan, a click on a tree item, clicks on a column header, New Folder
 // renamed in place by typing, a rescan that is stopped and a full rescan,
-// Select Matching, Copy, Find and the printing options, checking what the
+// Select Matching, Copy, Find and the printing options, then the about box
+// of start-up and the dialogs that set up a scan, checking what the
 // controls show and asking for a screenshot of the screen after each step. A screenshot is asked
 // for by writing NAME.request into the directory and waiting for NAME.png
 // (the test's runner takes it), so the same driver serves the Linux build
@@ -15,6 +16,8 @@
 #include <wx/timer.h>
 
 #include <chrono>
+
+class wxDialog;
 
 namespace zv {
 
@@ -39,6 +42,10 @@ private:
     void ClickButton(wxWindow* pDialog, int nId);
     void PostCommand(int nId);
     void Finish();
+    wxDialog* OpenDialog(const wxString& strTitle) const;
+    // Takes the open modal dialog's screenshot and cancels it; false while
+    // it has not been seen open for a tick.
+    bool CloseDialog(const wxString& strTitle, const wxString& strScreenshot);
 
     CZorvaneApp& m_app;
     CMainFrame& m_frame;
@@ -51,6 +58,8 @@ private:
     int m_nFailures = 0;
     size_t m_nFullFileCount = 0;
     bool m_bBusy = false;
+    bool m_bAboutSeen = false;
+    wxDialog* m_pSeenDialog = nullptr;
     std::chrono::steady_clock::time_point m_start;
 };
 

@@ -1,6 +1,5 @@
 #include "ui/MainFrame.h"
 
-#include <wx/aboutdlg.h>
 #include <wx/artprov.h>
 #include <wx/menu.h>
 #include <wx/statusbr.h>
@@ -9,9 +8,9 @@
 
 #include <map>
 
-#include "Version.h"
 #include "core/document/SizeText.h"
 #include "platform/Text.h"
+#include "ui/AboutDlg.h"
 #include "ui/Art.h"
 #include "ui/WxText.h"
 #include "ui/ZorvaneFrame.h"
@@ -155,11 +154,8 @@ void CMainFrame::OnCommand(wxCommandEvent& event) {
             SendSizeEvent();
             return;
         case CmdAbout: {
-            wxAboutDialogInfo info;
-            info.SetName("Zorvane");
-            info.SetVersion(ZORVANE_VERSION);
-            info.SetDescription("64 bit");
-            wxAboutBox(info, this);
+            CAboutDlg dialog(this, false);
+            dialog.ShowModal();
             return;
         }
         default:

@@ -8,6 +8,8 @@
 
 #include "core/document/Document.h"
 #include "core/settings/DocumentStartup.h"
+#include "core/state/Hints.h"
+#include "ui/AboutDlg.h"
 #include "ui/DesktopProgram.h"
 #include "ui/GuiTestDriver.h"
 #include "ui/MainFrame.h"
@@ -66,6 +68,11 @@ bool CZorvaneApp::OnInit() {
         OpenMainDocument(*m_pDoc, m_strSettingsFile);
         if (m_pTestDriver) m_pTestDriver->Start();
         m_pFrame->ShowMainDocument(*m_pDoc, *s_pProgramSteps);
+        ShowStartupHints([this] {
+            CAboutDlg dialog(m_pFrame, true);
+            dialog.ShowModal();
+            return dialog.DontShowAgain();
+        });
     });
     return true;
 }

@@ -10,11 +10,14 @@
 #include "core/scan/Scanner.h"
 #include "core/settings/SettingsFile.h"
 #include "filters/ScanFilter.h"
+#include "ui/DuplicateOptionsDlg.h"
 #include "ui/FileAttributesView.h"
 #include "ui/FilterListDlg.h"
 #include "ui/MainFrame.h"
 #include "ui/PrintFlagsSheet.h"
+#include "ui/MaxDepthDlg.h"
 #include "ui/SelectRootsDlg.h"
+#include "ui/SizeDateFilterDlg.h"
 #include "ui/TreeCtrlView.h"
 #include "ui/WxText.h"
 
@@ -166,6 +169,21 @@ void CZorvaneFrame::OnCommand(int nId) {
         case CmdPrintOptions: {
             CPrintFlagsSheet sheet(this, m_doc);
             sheet.ShowModal();
+            break;
+        }
+        case CmdFilterSizeDate: {
+            CSizeDateFilterDlg dialog(this, m_doc);
+            dialog.ShowModal();
+            break;
+        }
+        case CmdMaxDepth: {
+            CMaxDepthDlg dialog(this, options.m_nMaxDepth);
+            if (dialog.ShowModal() == wxID_OK) options.m_nMaxDepth = dialog.Depth();
+            break;
+        }
+        case CmdDupOptions: {
+            CDuplicateOptionsDlg dialog(this, options);
+            dialog.ShowModal();
             break;
         }
         case CmdSizeBytes:

@@ -52,7 +52,7 @@ constexpr CCommandEntry kCommands[] = {
     {u"F&ilters", CmdFilterDir, u"Directory Filter...", RuleIdle},
     {u"F&ilters", CmdFilterDupFiles, u"Duplicate Files Filter...", RuleNotBuilt},
     {u"F&ilters", CmdFilterDupDirs, u"Duplicate Directories Filter...", RuleNotBuilt},
-    {u"F&ilters", CmdFilterSizeDate, u"Size and Date Filters...", RuleNotBuilt},
+    {u"F&ilters", CmdFilterSizeDate, u"Size and Date Filters...", RuleIdle},
 
     {u"&Directory", CmdSelectRoots, u"&Select starting directory...", RuleIdle},
     {u"&Directory", CmdRescan, u"&Rescan starting directory", RuleRescan},
@@ -63,7 +63,7 @@ constexpr CCommandEntry kCommands[] = {
     {u"&Directory", CmdDisplayParent, u"Display &parent directory", RuleDirShown},
     {u"&Directory", 0, nullptr, RuleAlways},
     {u"&Directory", CmdScanSubdirs, u"Scan subdirectories", RuleIdle, CheckScanSubdirs},
-    {u"&Directory", CmdMaxDepth, u"Set maximum directory scanning depth", RuleNotBuilt},
+    {u"&Directory", CmdMaxDepth, u"Set maximum directory scanning depth", RuleIdle},
 
     {u"&Compare", CmdCompareDirs, u"Compare Directories...\tF7", RuleNotBuilt},
     {u"&Compare", CmdCompareDirsSub, u"Compare Directories (with subdirectories)...\tF8",
@@ -140,7 +140,7 @@ constexpr CCommandEntry kCommands[] = {
 
     {u"D&uplicates", CmdFindDupFiles, u"Find Duplicate Files", RuleNotBuilt},
     {u"D&uplicates", CmdFindDupDirs, u"Find Duplicate Directories", RuleNotBuilt},
-    {u"D&uplicates", CmdDupOptions, u"Duplicate Options...", RuleNotBuilt},
+    {u"D&uplicates", CmdDupOptions, u"Duplicate Options...", RuleIdle},
 
     {u"&Largest", CmdLargestFiles, u"Largest Files", RuleNotBuilt},
     {u"&Largest", CmdLargestDirs, u"Largest Directories", RuleNotBuilt},
