@@ -116,7 +116,7 @@ void CGuiTestDriver::Finish() {
     m_frame.Close(true);
 }
 
-wxDialog* CGuiTestDriver::OpenDialog(const wxString& strTitle) const {
+wxDialog* CGuiTestDriver::FindModalDialog(const wxString& strTitle) const {
     for (auto node = wxTopLevelWindows.GetFirst(); node; node = node->GetNext()) {
         auto* pDialog = dynamic_cast<wxDialog*>(node->GetData());
         if (pDialog && pDialog->IsModal() && pDialog->GetTitle() == strTitle) return pDialog;
@@ -125,7 +125,7 @@ wxDialog* CGuiTestDriver::OpenDialog(const wxString& strTitle) const {
 }
 
 bool CGuiTestDriver::CloseDialog(const wxString& strTitle, const wxString& strScreenshot) {
-    wxDialog* pDialog = OpenDialog(strTitle);
+    wxDialog* pDialog = FindModalDialog(strTitle);
     // A dialog gets one tick to draw itself before its screenshot.
     if (!pDialog || pDialog != m_pSeenDialog) {
         m_pSeenDialog = pDialog;
@@ -146,7 +146,7 @@ void CGuiTestDriver::OnTimer(wxTimerEvent&) {
     m_bBusy = true;
     // The about box of start-up comes after the first scan, whatever step
     // waits.
-    if (!m_bAboutSeen && OpenDialog("About Zorvane")) {
+    if (!m_bAboutSeen && FindModalDialog("About Zorvane")) {
         m_bAboutSeen = CloseDialog("About Zorvane", "gui-0-about");
         m_bBusy = false;
         return;
@@ -386,7 +386,7 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
         case 24:
             return CloseDialog("Set maximum directory depth", "gui-16-max-depth");
         case 25:  // The last dialog has gone before the window closes.
-            if (OpenDialog("Set maximum directory depth")) return false;
+            if (FindModalDialog("Set maximum directory depth")) return false;
             m_nLastStep = m_nStep;
             return true;
         default:

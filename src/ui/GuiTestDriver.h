@@ -42,7 +42,7 @@ private:
     void ClickButton(wxWindow* pDialog, int nId);
     void PostCommand(int nId);
     void Finish();
-    wxDialog* OpenDialog(const wxString& strTitle) const;
+    wxDialog* FindModalDialog(const wxString& strTitle) const;
     // Takes the open modal dialog's screenshot and cancels it; false while
     // it has not been seen open for a tick.
     bool CloseDialog(const wxString& strTitle, const wxString& strScreenshot);
