@@ -59,6 +59,9 @@ public:
         return nTotal;
     }
     bool Seek(uint64_t uOffset) override {
+        // Readers seek to where they already are, to the start of a file
+        // just opened above all: no call for that.
+        if (uOffset == m_uPos) return true;
         if (uOffset > uint64_t(INT64_MAX) || !m_file.Seek(uOffset)) return false;
         m_uPos = uOffset;
         return true;

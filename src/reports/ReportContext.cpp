@@ -1,10 +1,13 @@
 #include "reports/ReportContext.h"
 
+#include <algorithm>
+
 #include "core/document/SizeText.h"
 #include "core/document/SortCodes.h"
 #include "core/records/RecordPath.h"
 #include "core/records/RecordServices.h"
 #include "reports/ValueText.h"
+#include "reports/VersionProbes.h"
 
 namespace zv {
 
@@ -40,7 +43,13 @@ const platform::CFileDiskInfo& CReportContext::DiskInfo(CFileData& file) {
     if (m_pInfoFile != &file) {
         m_pInfoFile = &file;
         const bool bWantOwner = !(file.m_uFlags & FILE_OWNER_VALID) && !file.IsStream();
-        platform::GetFileDiskInfo(FilePath(file), bWantOwner, m_info);
+        const CDirectoryData* pDir = file.m_pDirectory;
+        if (pDir && pDir != m_pInfoDir) {
+            m_pInfoDir = pDir;
+            m_dirInfo.Open(DirPath(*pDir));
+        }
+        if (!pDir || !m_dirInfo.Read(file.m_strName.View(), bWantOwner, m_info))
+            platform::GetFileDiskInfo(FilePath(file), bWantOwner, m_info);
         if (bWantOwner && m_info.bOwnerKnown) file.SetOwner(m_info.strOwner);
     }
     return m_info;
@@ -54,31 +63,23 @@ void CReportContext::Sort(CDirectoryData& dir) const {
 namespace {
 
 constexpr size_t kCrcBatchFiles = 192;
-constexpr size_t kCrcLookAheadDirs = 512;
+constexpr size_t kVersionBatchFiles = 1024;
+constexpr size_t kLookAheadDirs = 512;
 
 bool NeedsCrc(const CFileData& file) { return !(file.m_uFlags & FILE_CRC_VALID); }
 
 }  // namespace
 
-void CReportContext::PrepareRows(CDirectoryData& dir,
-                                 const std::vector<CDirectoryData*>& aPending) {
-    // File rows print file checksums; directory rows and totals print the
-    // checksums of a directory's files folded.
-    if (!Flag(PrintCrc) || (Flag(PrintNoFiles) && Flag(PrintNoDirs) && !Flag(PrintDirTotals)))
-        return;
-    const auto FirstNeedsCrc = [](const CDirectoryData& d) {
-        return !d.m_aFiles.IsEmpty() && NeedsCrc(*d.m_aFiles[0]);
-    };
-    bool bNeeded = FirstNeedsCrc(dir);
-    for (size_t i = 0; !bNeeded && !Flag(PrintNoDirs) && i < dir.m_aChildren.GetSize(); ++i)
-        bNeeded = FirstNeedsCrc(*dir.m_aChildren[i]);
-    if (!bNeeded) return;
-    std::vector<CFileData*> aBatch;
+std::vector<CFileData*> CReportContext::FilesAhead(CDirectoryData& dir,
+                                                   const std::vector<CDirectoryData*>& aPending,
+                                                   bool (*Wanted)(const CFileData&),
+                                                   size_t nMaxFiles) const {
+    std::vector<CFileData*> aFiles;
     size_t nDirs = 0;
-    const auto Full = [&] { return aBatch.size() >= kCrcBatchFiles || nDirs >= kCrcLookAheadDirs; };
+    const auto Full = [&] { return aFiles.size() >= nMaxFiles || nDirs >= kLookAheadDirs; };
     const auto AddFiles = [&](CDirectoryData& d) {
         for (CFileData* pFile : d.m_aFiles)
-            if (NeedsCrc(*pFile)) aBatch.push_back(pFile);
+            if (Wanted(*pFile)) aFiles.push_back(pFile);
     };
     // The walk's own order: each subtree sorted and in preorder.
     const auto Visit = [&](CDirectoryData* pStart) {
@@ -95,7 +96,26 @@ void CReportContext::PrepareRows(CDirectoryData& dir,
     AddFiles(dir);
     for (size_t i = 0; i < dir.m_aChildren.GetSize() && !Full(); ++i) Visit(dir.m_aChildren[i]);
     for (size_t i = aPending.size(); i-- > 0 && !Full();) Visit(aPending[i]);
-    RecordServices().ComputeCrcs(aBatch);
+    return aFiles;
+}
+
+void CReportContext::PrepareRows(CDirectoryData& dir,
+                                 const std::vector<CDirectoryData*>& aPending) {
+    const bool bFileRows = !Flag(PrintNoFiles);
+    if (bFileRows && m_columns.AnyVersion() &&
+        std::any_of(dir.m_aFiles.begin(), dir.m_aFiles.end(),
+                    [](const CFileData* pFile) { return NeedsVersionProbe(*pFile); }))
+        ProbeVersionBlocks(FilesAhead(dir, aPending, NeedsVersionProbe, kVersionBatchFiles));
+    // File rows print file checksums; directory rows and totals print the
+    // checksums of a directory's files folded.
+    if (!Flag(PrintCrc) || (!bFileRows && Flag(PrintNoDirs) && !Flag(PrintDirTotals))) return;
+    const auto FirstNeedsCrc = [](const CDirectoryData& d) {
+        return !d.m_aFiles.IsEmpty() && NeedsCrc(*d.m_aFiles[0]);
+    };
+    bool bNeeded = FirstNeedsCrc(dir);
+    for (size_t i = 0; !bNeeded && !Flag(PrintNoDirs) && i < dir.m_aChildren.GetSize(); ++i)
+        bNeeded = FirstNeedsCrc(*dir.m_aChildren[i]);
+    if (bNeeded) RecordServices().ComputeCrcs(FilesAhead(dir, aPending, NeedsCrc, kCrcBatchFiles));
 }
 
 void CReportContext::PrepareSubtreeCrcs(CDirectoryData& top) {

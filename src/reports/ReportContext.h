@@ -9,6 +9,7 @@
 
 #include "core/document/Document.h"
 #include "core/records/RecordName.h"
+#include "platform/DirectoryDiskInfo.h"
 #include "platform/FileSystem.h"
 #include "reports/ReportColumns.h"
 #include "reports/RowMetadata.h"
@@ -49,6 +50,8 @@ public:
     // checksums of the directory's files, and of the files of the
     // directories written next (aPending, last first, and the directory's
     // own subdirectories), in batches ahead of the rows that print them.
+    // With the version columns on, finds which of those files have a
+    // version block in the same way.
     void PrepareRows(CDirectoryData& dir, const std::vector<CDirectoryData*>& aPending);
     // With directory checksums over subdirectories in the report, the
     // checksums of every file below top, in large batches.
@@ -66,10 +69,18 @@ public:
 
 private:
     const platform::CFileDiskInfo& DiskInfo(CFileData& file);
+    // The files that Wanted picks of dir and of the directories the walk
+    // writes after it, in the walk's order; at most nMaxFiles.
+    std::vector<CFileData*> FilesAhead(CDirectoryData& dir,
+                                       const std::vector<CDirectoryData*>& aPending,
+                                       bool (*Wanted)(const CFileData&), size_t nMaxFiles) const;
 
     CRowMetadata m_row;
     const CFileData* m_pInfoFile = nullptr;
     platform::CFileDiskInfo m_info;
+    // The rows of a block read their disk info relative to their directory.
+    platform::CDirectoryDiskInfo m_dirInfo;
+    const CDirectoryData* m_pInfoDir = nullptr;
     const CDirectoryData* m_pPathDir = nullptr;
     std::u16string m_strPathDir;
 };

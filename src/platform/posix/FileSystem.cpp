@@ -26,6 +26,7 @@
 #include <vector>
 
 #include "platform/Text.h"
+#include "platform/posix/OwnerName.h"
 
 namespace zv::platform {
 namespace {
@@ -499,8 +500,6 @@ uint32_t GetLinkCount(std::u16string_view path) {
     return uint32_t(st.st_nlink);
 }
 
-namespace {
-
 // The account database is read afresh on every lookup (a whole
 // /etc/passwd for the files service), and a tree has few owners: names are
 // kept per uid for the life of the process.
@@ -527,8 +526,6 @@ std::u16string OwnerNameOfUid(uid_t uid) {
     s_mapNames.emplace(uid, strName);
     return strName;
 }
-
-}  // namespace
 
 bool LookupOwnerName(std::u16string_view path, std::u16string& strOwner) {
     struct stat st;

@@ -1,0 +1,87 @@
+#include "platform/DirectoryDiskInfo.h"
+
+#include <windows.h>
+
+#include <map>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "platform/win32/WideString.h"
+
+namespace zv::platform {
+namespace {
+
+// The owner SID of a file from its security descriptor.
+bool ReadOwnerSid(const std::wstring& strPath, std::vector<BYTE>& aSid) {
+    DWORD dwNeeded = 0;
+    std::vector<BYTE> descriptor(512);
+    while (!::GetFileSecurityW(strPath.c_str(), OWNER_SECURITY_INFORMATION, descriptor.data(),
+                               DWORD(descriptor.size()), &dwNeeded)) {
+        if (::GetLastError() != ERROR_INSUFFICIENT_BUFFER || dwNeeded <= descriptor.size())
+            return false;
+        descriptor.resize(dwNeeded);
+    }
+    PSID pOwner = nullptr;
+    BOOL bDefaulted = FALSE;
+    if (!::GetSecurityDescriptorOwner(descriptor.data(), &pOwner, &bDefaulted) || !pOwner ||
+        !::IsValidSid(pOwner))
+        return false;
+    const auto* pBytes = static_cast<const BYTE*>(pOwner);
+    aSid.assign(pBytes, pBytes + ::GetLengthSid(pOwner));
+    return true;
+}
+
+// The account name of a SID without its domain; nothing when it has none.
+std::optional<std::u16string> AccountNameOfSid(std::vector<BYTE>& aSid) {
+    DWORD dwName = 0, dwDomain = 0;
+    SID_NAME_USE use;
+    ::LookupAccountSidW(nullptr, aSid.data(), nullptr, &dwName, nullptr, &dwDomain, &use);
+    if (dwName == 0) return std::nullopt;
+    std::vector<wchar_t> name(dwName), domain(dwDomain > 0 ? dwDomain : 1);
+    if (!::LookupAccountSidW(nullptr, aSid.data(), name.data(), &dwName, domain.data(), &dwDomain,
+                             &use))
+        return std::nullopt;
+    // On success the count excludes the terminating zero.
+    return FromWide(name.data(), dwName);
+}
+
+}  // namespace
+
+struct CDirectoryDiskInfo::Impl {
+    bool bOpen = false;
+    std::u16string strDirectory;
+    std::map<std::vector<BYTE>, std::optional<std::u16string>> mapOwners;
+};
+
+CDirectoryDiskInfo::CDirectoryDiskInfo() : m_pImpl(std::make_unique<Impl>()) {}
+
+CDirectoryDiskInfo::~CDirectoryDiskInfo() = default;
+
+bool CDirectoryDiskInfo::Open(std::u16string_view path) {
+    m_pImpl->strDirectory.assign(path);
+    m_pImpl->bOpen = true;
+    return true;
+}
+
+bool CDirectoryDiskInfo::Read(std::u16string_view name, bool bWantOwner, CFileDiskInfo& info) {
+    if (!m_pImpl->bOpen) return false;
+    info = CFileDiskInfo{};
+    std::u16string strPath = m_pImpl->strDirectory;
+    if (!strPath.empty() && strPath.back() != kPathSeparator) strPath += kPathSeparator;
+    strPath += name;
+    info.dSizeOnDisk = GetSizeOnDisk(strPath);
+    info.uLinkCount = GetLinkCount(strPath);
+    std::vector<BYTE> aSid;
+    if (!bWantOwner || !ReadOwnerSid(ToWide(strPath), aSid)) return true;
+    auto it = m_pImpl->mapOwners.find(aSid);
+    if (it == m_pImpl->mapOwners.end())
+        it = m_pImpl->mapOwners.emplace(aSid, AccountNameOfSid(aSid)).first;
+    if (it->second) {
+        info.bOwnerKnown = true;
+        info.strOwner = *it->second;
+    }
+    return true;
+}
+
+}  // namespace zv::platform
