@@ -9,6 +9,7 @@
 #include "core/document/SizeText.h"
 #include "core/document/SortCodes.h"
 #include "core/records/DirectoryData.h"
+#include "core/records/RecordFileOpen.h"
 #include "platform/Text.h"
 
 namespace zv {
@@ -140,6 +141,7 @@ void CDirectoryCompare::CompareRoots() {
     m_list.m_aEntries.push_back(std::move(pRoots));
 
     ComparePair(pLeft, pRight);
+    CloseRecordDirectories();
     m_pProgress.reset();
 }
 
@@ -161,9 +163,18 @@ void CDirectoryCompare::CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRig
         return;
     }
     CFileFinder finder(pRight);
-    for (CFileData* pFile : pLeft->m_aFiles) {
+    const auto& aLeftFiles = pLeft->m_aFiles.Items();
+    std::vector<CFileData*> aOthers(aLeftFiles.size());
+    for (size_t i = 0; i < aLeftFiles.size(); ++i)
+        aOthers[i] = finder.Find(aLeftFiles[i]->m_strName.View());
+    std::vector<CPairResult> aResults(aLeftFiles.size());
+    std::vector<bool> aDone(aLeftFiles.size());
+    CompareAhead(aLeftFiles, aOthers, aResults, aDone);
+
+    for (size_t i = 0; i < aLeftFiles.size(); ++i) {
+        CFileData* pFile = aLeftFiles[i];
         if (!CountFile()) return;
-        CFileData* pOther = finder.Find(pFile->m_strName.View());
+        CFileData* pOther = aOthers[i];
         if (!pOther) {
             aEntries.push_back(
                 MakeFileEntry(pFile, pLeft, nullptr, pRight, CompareRightFileMissing));
@@ -172,7 +183,8 @@ void CDirectoryCompare::CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRig
         pFile->m_uFlags |= FILE_COMPARE_MATCH;
         pOther->m_uFlags |= FILE_COMPARE_MATCH;
         m_pProgress->SetLine3(pFile->m_strName.Str().c_str());
-        const CPairResult result = CompareFilesOfPair(*pFile, *pOther, m_nMode, m_pProgress.get());
+        const CPairResult result =
+            aDone[i] ? aResults[i] : CompareFilesOfPair(*pFile, *pOther, m_nMode, m_pProgress.get());
         aEntries.push_back(
             MakeFileEntry(pFile, pLeft, pOther, pRight, result.m_nStatus, result.m_dValue));
     }
@@ -181,6 +193,28 @@ void CDirectoryCompare::CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRig
         if (!(pFile->m_uFlags & FILE_COMPARE_MATCH))
             aEntries.push_back(
                 MakeFileEntry(nullptr, pLeft, pFile, pRight, CompareLeftFileMissing));
+}
+
+void CDirectoryCompare::CompareAhead(const std::vector<CFileData*>& aLeftFiles,
+                                     const std::vector<CFileData*>& aOthers,
+                                     std::vector<CPairResult>& aResults,
+                                     std::vector<bool>& aDone) {
+    // Pairs of small files are read on several threads before the walk
+    // reaches them; a large pair is left to the walk, whose progress line
+    // shows how far its reading is. The outcome of a pair does not depend on
+    // the thread that reads it.
+    constexpr double kLargeFile = 16.0 * 1024 * 1024;
+    std::vector<size_t> aAhead;
+    for (size_t i = 0; i < aLeftFiles.size(); ++i)
+        if (aOthers[i] && MustReadPair(*aLeftFiles[i], *aOthers[i]) &&
+            aLeftFiles[i]->m_dSize < kLargeFile)
+            aAhead.push_back(i);
+    if (aAhead.size() < 2) return;
+    m_reads.Run(aAhead.size(), [&](size_t k) {
+        const size_t i = aAhead[k];
+        aResults[i] = CompareFilesOfPair(*aLeftFiles[i], *aOthers[i], m_nMode, nullptr);
+    });
+    for (size_t i : aAhead) aDone[i] = true;
 }
 
 void CDirectoryCompare::ComparePair(CDirectoryData* pLeft, CDirectoryData* pRight) {

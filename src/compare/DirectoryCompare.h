@@ -11,7 +11,9 @@
 #include <vector>
 
 #include "core/document/CompareList.h"
+#include "compare/FilePairCompare.h"
 #include "core/host/ProgressDialog.h"
+#include "core/records/ParallelReads.h"
 
 namespace zv {
 
@@ -36,6 +38,11 @@ private:
     void ComparePair(CDirectoryData* pLeft, CDirectoryData* pRight);
     void CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRight,
                       std::vector<std::unique_ptr<CCompareEntry>>& aEntries);
+    // Compares ahead, on several threads, the pairs of one directory that
+    // must be read; aDone marks the pairs whose result it has put in aResults.
+    void CompareAhead(const std::vector<CFileData*>& aLeftFiles,
+                      const std::vector<CFileData*>& aOthers, std::vector<CPairResult>& aResults,
+                      std::vector<bool>& aDone);
     void CompareSubdirs(CDirectoryData* pLeft, CDirectoryData* pRight);
     void AddDirEntry(CDirectoryData* pA, CDirectoryData* pB);
     // Counts a left file and updates the progress; false after a stop.
@@ -50,6 +57,7 @@ private:
     std::u16string m_strTotal;
     CPercentTracker m_percent;
     std::unique_ptr<CProgressDialog> m_pProgress;
+    CParallelReads m_reads;
 };
 
 }  // namespace zv
