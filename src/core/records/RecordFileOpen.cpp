@@ -18,10 +18,12 @@ constexpr int kPlaces = 4;
 struct COpenDirectories {
     const CDirectoryData* aDirs[kPlaces] = {};
     platform::CDirectoryHandle aHandles[kPlaces];
+    const CDirectoryData* pLastAsked = nullptr;
     uint64_t uGeneration = 0;
     int nNext = 0;
 
     void CloseAll() {
+        pLastAsked = nullptr;
         for (int i = 0; i < kPlaces; ++i) {
             aDirs[i] = nullptr;
             aHandles[i].Close();
@@ -36,6 +38,13 @@ struct COpenDirectories {
         }
         for (int i = 0; i < kPlaces; ++i)
             if (aDirs[i] == pDir) return &aHandles[i];
+        // Opening the directory pays only when more of its files follow:
+        // it is opened at the second file in a row from it, and a lone file
+        // opens by its full path.
+        if (pDir != pLastAsked) {
+            pLastAsked = pDir;
+            return nullptr;
+        }
         const int n = nNext;
         nNext = (nNext + 1) % kPlaces;
         aDirs[n] = nullptr;

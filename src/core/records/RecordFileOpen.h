@@ -1,7 +1,7 @@
 // Opening the file of a record for reading, relative to its directory: each
-// thread keeps the last few directories it read from open, so that a pass
-// over files sorted by directory walks each directory's path once rather
-// than once per file.
+// thread keeps the last few directories it read several files from open, so
+// that a pass over files sorted by directory walks each directory's path
+// once rather than once per file.
 #pragma once
 
 #include "platform/FileSystem.h"
