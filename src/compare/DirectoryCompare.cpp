@@ -19,6 +19,12 @@ namespace {
 constexpr uint8_t kFilesByName = 1;  // "Name asc"
 constexpr uint8_t kDirsByName = 1;   // "short name asc"
 
+// File pairs that must be read are compared in batches on several threads,
+// a little behind the walk; a large pair is compared by the walk itself,
+// whose progress line shows how far its reading is. The outcome of a pair
+// does not depend on the thread or the time that reads it.
+constexpr double kLargeFile = 16.0 * 1024 * 1024;
+
 void ClearMarks(CDirectoryData& dir) {
     dir.m_uFlags &= static_cast<uint16_t>(~DIR_COMPARE_VISITED);
     for (CFileData* pFile : dir.m_aFiles) pFile->m_uFlags &= ~FILE_COMPARE_MATCH;
@@ -141,6 +147,7 @@ void CDirectoryCompare::CompareRoots() {
     m_list.m_aEntries.push_back(std::move(pRoots));
 
     ComparePair(pLeft, pRight);
+    SettlePending();  // also after a stop: the entries made so far are whole
     CloseRecordDirectories();
     m_pProgress.reset();
 }
@@ -163,18 +170,9 @@ void CDirectoryCompare::CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRig
         return;
     }
     CFileFinder finder(pRight);
-    const auto& aLeftFiles = pLeft->m_aFiles.Items();
-    std::vector<CFileData*> aOthers(aLeftFiles.size());
-    for (size_t i = 0; i < aLeftFiles.size(); ++i)
-        aOthers[i] = finder.Find(aLeftFiles[i]->m_strName.View());
-    std::vector<CPairResult> aResults(aLeftFiles.size());
-    std::vector<bool> aDone(aLeftFiles.size());
-    CompareAhead(aLeftFiles, aOthers, aResults, aDone);
-
-    for (size_t i = 0; i < aLeftFiles.size(); ++i) {
-        CFileData* pFile = aLeftFiles[i];
+    for (CFileData* pFile : pLeft->m_aFiles) {
         if (!CountFile()) return;
-        CFileData* pOther = aOthers[i];
+        CFileData* pOther = finder.Find(pFile->m_strName.View());
         if (!pOther) {
             aEntries.push_back(
                 MakeFileEntry(pFile, pLeft, nullptr, pRight, CompareRightFileMissing));
@@ -183,8 +181,13 @@ void CDirectoryCompare::CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRig
         pFile->m_uFlags |= FILE_COMPARE_MATCH;
         pOther->m_uFlags |= FILE_COMPARE_MATCH;
         m_pProgress->SetLine3(pFile->m_strName.Str().c_str());
-        const CPairResult result =
-            aDone[i] ? aResults[i] : CompareFilesOfPair(*pFile, *pOther, m_nMode, m_pProgress.get());
+        if (MustReadPair(*pFile, *pOther) && pFile->m_dSize < kLargeFile) {
+            // Settled with the next batch; the status is a placeholder.
+            aEntries.push_back(MakeFileEntry(pFile, pLeft, pOther, pRight, CompareIdentical));
+            m_aPending.push_back(aEntries.back().get());
+            continue;
+        }
+        const CPairResult result = CompareFilesOfPair(*pFile, *pOther, m_nMode, m_pProgress.get());
         aEntries.push_back(
             MakeFileEntry(pFile, pLeft, pOther, pRight, result.m_nStatus, result.m_dValue));
     }
@@ -195,26 +198,15 @@ void CDirectoryCompare::CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRig
                 MakeFileEntry(nullptr, pLeft, pFile, pRight, CompareLeftFileMissing));
 }
 
-void CDirectoryCompare::CompareAhead(const std::vector<CFileData*>& aLeftFiles,
-                                     const std::vector<CFileData*>& aOthers,
-                                     std::vector<CPairResult>& aResults,
-                                     std::vector<bool>& aDone) {
-    // Pairs of small files are read on several threads before the walk
-    // reaches them; a large pair is left to the walk, whose progress line
-    // shows how far its reading is. The outcome of a pair does not depend on
-    // the thread that reads it.
-    constexpr double kLargeFile = 16.0 * 1024 * 1024;
-    std::vector<size_t> aAhead;
-    for (size_t i = 0; i < aLeftFiles.size(); ++i)
-        if (aOthers[i] && MustReadPair(*aLeftFiles[i], *aOthers[i]) &&
-            aLeftFiles[i]->m_dSize < kLargeFile)
-            aAhead.push_back(i);
-    if (aAhead.size() < 2) return;
-    m_reads.Run(aAhead.size(), [&](size_t k) {
-        const size_t i = aAhead[k];
-        aResults[i] = CompareFilesOfPair(*aLeftFiles[i], *aOthers[i], m_nMode, nullptr);
+void CDirectoryCompare::SettlePending() {
+    m_reads.Run(m_aPending.size(), [this](size_t k) {
+        CCompareEntry& entry = *m_aPending[k];
+        const CPairResult result =
+            CompareFilesOfPair(*entry.m_pLeftFile, *entry.m_pRightFile, m_nMode, nullptr);
+        entry.m_nStatus = result.m_nStatus;
+        entry.m_dValue = result.m_dValue;
     });
-    for (size_t i : aAhead) aDone[i] = true;
+    m_aPending.clear();
 }
 
 void CDirectoryCompare::ComparePair(CDirectoryData* pLeft, CDirectoryData* pRight) {
@@ -223,10 +215,15 @@ void CDirectoryCompare::ComparePair(CDirectoryData* pLeft, CDirectoryData* pRigh
     if (pRight) m_pProgress->SetLine2(pRight->GetFullPath().c_str());
 
     std::vector<std::unique_ptr<CCompareEntry>> aEntries;
+    const size_t nPendingBefore = m_aPending.size();
     CompareFiles(pLeft, pRight, aEntries);
-    if (m_bStopped) return;  // this directory's entries are left out
+    if (m_bStopped) {  // this directory's entries are left out
+        m_aPending.resize(nPendingBefore);
+        return;
+    }
     std::stable_sort(aEntries.begin(), aEntries.end(), EntryNameLess);
     for (auto& pEntry : aEntries) m_list.m_aEntries.push_back(std::move(pEntry));
+    if (m_aPending.size() >= kPendingBatch) SettlePending();
 
     // From here on the tree is in name order on both sides.
     for (CDirectoryData* pDir : {pLeft, pRight}) {

@@ -38,11 +38,9 @@ private:
     void ComparePair(CDirectoryData* pLeft, CDirectoryData* pRight);
     void CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRight,
                       std::vector<std::unique_ptr<CCompareEntry>>& aEntries);
-    // Compares ahead, on several threads, the pairs of one directory that
-    // must be read; aDone marks the pairs whose result it has put in aResults.
-    void CompareAhead(const std::vector<CFileData*>& aLeftFiles,
-                      const std::vector<CFileData*>& aOthers, std::vector<CPairResult>& aResults,
-                      std::vector<bool>& aDone);
+    // Reads the pending pairs, on several threads, and gives their entries
+    // their statuses.
+    void SettlePending();
     void CompareSubdirs(CDirectoryData* pLeft, CDirectoryData* pRight);
     void AddDirEntry(CDirectoryData* pA, CDirectoryData* pB);
     // Counts a left file and updates the progress; false after a stop.
@@ -57,6 +55,10 @@ private:
     std::u16string m_strTotal;
     CPercentTracker m_percent;
     std::unique_ptr<CProgressDialog> m_pProgress;
+    static constexpr size_t kPendingBatch = 96;
+    // Entries already in the list or in the current directory's, whose
+    // files are still to be compared.
+    std::vector<CCompareEntry*> m_aPending;
     CParallelReads m_reads;
 };
 

@@ -10,7 +10,8 @@ CDirectoryHandle::~CDirectoryHandle() { Close(); }
 // the handle is the path, and a file opens by its full path.
 bool CDirectoryHandle::Open(std::u16string_view path) {
     Close();
-    if (path.empty()) return false;
+    const uint32_t uAttributes = GetFileAttributes(path);
+    if (uAttributes == ATTR_INVALID || !(uAttributes & ATTR_DIRECTORY)) return false;
     m_strPath.assign(path);
     if (m_strPath.back() != u'\\' && m_strPath.back() != u'/') m_strPath += u'\\';
     m_bOpen = true;
