@@ -1,6 +1,5 @@
 #include "analyses/CrcThreadPool.h"
 
-#include <algorithm>
 #include <atomic>
 #include <chrono>
 #include <string>
@@ -85,7 +84,6 @@ void CCrcThreadPool::RunBatch(const std::vector<CFileData*>& aFiles, ECrcOperati
     // The guard against re-entry through the message pump below.
     if (s_bBusy.load()) return;
     s_bBusy.store(true);
-    m_nNext.store(0);
     for (CSlot& slot : m_aSlots) {
         std::lock_guard lock(slot.mutex);
         slot.pFiles = &aFiles;
@@ -120,12 +118,8 @@ void CCrcThreadPool::WorkerLoop(int nWorker) {
         const ECrcOperation eOperation = slot.eOperation;
         lock.unlock();
 
-        for (;;) {
-            const size_t nFirst = m_nNext.fetch_add(kClaim);
-            if (nFirst >= aFiles.size()) break;
-            const size_t nEnd = std::min(aFiles.size(), nFirst + kClaim);
-            for (size_t i = nFirst; i < nEnd; ++i) Compute(*aFiles[i], eOperation);
-        }
+        for (size_t i = static_cast<size_t>(nWorker); i < aFiles.size(); i += kWorkers)
+            Compute(*aFiles[i], eOperation);
         CloseRecordDirectories();
 
         lock.lock();

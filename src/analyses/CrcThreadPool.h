@@ -1,14 +1,11 @@
 // The three checksum workers. A batch hands one list of files to all three:
-// each claims the next few entries in list order until none are left, so
-// each record is touched by one thread only and no lock guards the records,
-// and neighbours in the list (files of one directory) mostly go to one
-// thread, which opens their directory once. The
+// worker k computes the entries whose index i has i mod 3 == k, so each
+// record is touched by one thread only and no lock guards the records. The
 // caller, the user-interface thread, waits for the batch and keeps the
 // program alive by pumping messages meanwhile. The threads are created at
 // the first batch and live as long as the pool.
 #pragma once
 
-#include <atomic>
 #include <condition_variable>
 #include <mutex>
 #include <thread>
@@ -66,10 +63,7 @@ private:
     void WaitPumping(CSlot& slot);
     void WorkerLoop(int nWorker);
 
-    static constexpr size_t kClaim = 8;
-
     CSlot m_aSlots[kWorkers];
-    std::atomic<size_t> m_nNext{0};  // the next entry of the batch to claim
     std::thread m_aThreads[kWorkers];
 };
 

@@ -4,6 +4,7 @@
 #include <chrono>
 
 #include "analyses/CrcServices.h"
+#include "analyses/CrcThreadPool.h"
 #include "analyses/DuplicateTrace.h"
 #include "analyses/FileComparison.h"
 #include "analyses/NeighbourGroups.h"
@@ -98,6 +99,20 @@ void RunPool(EPassMethod eMethod, const std::vector<CFileData*>& aBatch) {
         ComputeMp3Crcs(aBatch);
     else
         ComputeQuickCrcs(aBatch);
+}
+
+// Worker k of the pool takes the entries k, k + 3, k + 6 and so on; laid
+// out so, each worker gets one stretch of the directory-sorted files, in
+// order, and opens each of its directories once.
+void InterleaveForWorkers(std::vector<CFileData*>::const_iterator first,
+                          std::vector<CFileData*>::const_iterator last,
+                          std::vector<CFileData*>& aBatch) {
+    const size_t nCount = static_cast<size_t>(last - first);
+    aBatch.resize(nCount);
+    const size_t nWorkers = CCrcThreadPool::kWorkers;
+    size_t nStretch = 0;
+    for (size_t k = 0; k < nWorkers; ++k)
+        for (size_t i = k; i < nCount; i += nWorkers) aBatch[i] = first[nStretch++];
 }
 
 double SecondsSince(std::chrono::steady_clock::time_point start) {
@@ -236,8 +251,8 @@ bool CDuplicateFileFinder::ComputeCrcsForGroups(EPassMethod eMethod) {
     std::vector<CFileData*> aBatch;
     for (size_t nStart = 0; nStart < aPending.size(); nStart += nThreshold) {
         const size_t nEnd = std::min(aPending.size(), nStart + nThreshold);
-        aBatch.assign(aPending.begin() + static_cast<std::ptrdiff_t>(nStart),
-                      aPending.begin() + static_cast<std::ptrdiff_t>(nEnd));
+        InterleaveForWorkers(aPending.begin() + static_cast<std::ptrdiff_t>(nStart),
+                             aPending.begin() + static_cast<std::ptrdiff_t>(nEnd), aBatch);
         RunPool(eMethod, aBatch);
         const size_t nCount = nSkipped + nEnd;
         const bool bPercent = tracker.Update(double(nCount), double(nTotal));
