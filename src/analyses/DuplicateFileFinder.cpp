@@ -297,7 +297,7 @@ bool CDuplicateFileFinder::PrecomputeAllNameCrcs() {
 }
 
 CSmallGroupOutcome CDuplicateFileFinder::CompareSmallGroup(const CDuplicateGroup& group,
-                                                         bool bWithCrc) {
+                                                           bool bWithCrc) {
     CSmallGroupOutcome outcome;
     const double dSize = group[0]->m_dSize;
     if (group.size() == 2) {

@@ -10,8 +10,8 @@
 #include <string>
 #include <vector>
 
-#include "core/document/CompareList.h"
 #include "compare/FilePairCompare.h"
+#include "core/document/CompareList.h"
 #include "core/host/ProgressDialog.h"
 #include "core/records/ParallelReads.h"
 

@@ -8,7 +8,8 @@ namespace zv {
 
 CParallelReads::CParallelReads() {
     try {
-        for (int i = 0; i < kHelpers; ++i) m_aHelpers.emplace_back(&CParallelReads::HelperLoop, this);
+        for (int i = 0; i < kHelpers; ++i)
+            m_aHelpers.emplace_back(&CParallelReads::HelperLoop, this);
     } catch (const std::system_error&) {
         // Fewer helpers, or none: the calling thread does the rest.
     }

@@ -42,8 +42,8 @@ private:
     const std::function<void(size_t)>* m_pTask = nullptr;
     size_t m_nCount = 0;
     std::atomic<size_t> m_nNext{0};
-    unsigned m_uRun = 0;   // counts runs, so that a helper sees a new one
-    int m_nBusy = 0;       // helpers still at the current run
+    unsigned m_uRun = 0;  // counts runs, so that a helper sees a new one
+    int m_nBusy = 0;      // helpers still at the current run
     bool m_bStop = false;
 };
 
