@@ -338,8 +338,11 @@ bool CDuplicateFileFinder::SettleSmallGroups(bool bWithCrc) {
     CPercentTracker tracker;
     tracker.Update(0, double(nSmall));
     // The comparisons only read; they run a window at a time on several
-    // threads, and the outcomes are applied here, in the walk's order.
+    // threads, and the outcomes are applied here, in the walk's order. A
+    // window ends at a count of groups or of bytes, so that progress and a
+    // stop request are not held up for long.
     constexpr size_t kWindow = 256;
+    constexpr double kWindowBytes = 64.0 * 1024 * 1024;
     std::vector<CSmallGroupOutcome> aOutcomes;
     size_t nWindowStart = 0;
     size_t nHandled = 0;
@@ -353,7 +356,15 @@ bool CDuplicateFileFinder::SettleSmallGroups(bool bWithCrc) {
         }
         if (nHandled == nWindowStart + aOutcomes.size()) {
             nWindowStart = nHandled;
-            aOutcomes.assign(std::min(kWindow, nSmall - nWindowStart), CSmallGroupOutcome());
+            size_t nLength = 0;
+            double dBytes = 0;
+            while (nWindowStart + nLength < nSmall && nLength < kWindow &&
+                   (nLength == 0 || dBytes < kWindowBytes)) {
+                const CDuplicateGroup& next = m_aDuplicateGroups[aSmall[nWindowStart + nLength]];
+                dBytes += next[0]->m_dSize * double(next.size());
+                ++nLength;
+            }
+            aOutcomes.assign(nLength, CSmallGroupOutcome());
             m_reads.Run(aOutcomes.size(), [&](size_t k) {
                 aOutcomes[k] =
                     CompareSmallGroup(m_aDuplicateGroups[aSmall[nWindowStart + k]], bWithCrc);

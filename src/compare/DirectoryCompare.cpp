@@ -185,6 +185,9 @@ void CDirectoryCompare::CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRig
             // Settled with the next batch; the status is a placeholder.
             aEntries.push_back(MakeFileEntry(pFile, pLeft, pOther, pRight, CompareIdentical));
             m_aPending.push_back(aEntries.back().get());
+            m_dPendingBytes += pFile->m_dSize;
+            if (m_aPending.size() >= kPendingBatch || m_dPendingBytes >= kPendingBytes)
+                SettlePending();
             continue;
         }
         const CPairResult result = CompareFilesOfPair(*pFile, *pOther, m_nMode, m_pProgress.get());
@@ -207,6 +210,7 @@ void CDirectoryCompare::SettlePending() {
         entry.m_dValue = result.m_dValue;
     });
     m_aPending.clear();
+    m_dPendingBytes = 0;
 }
 
 void CDirectoryCompare::ComparePair(CDirectoryData* pLeft, CDirectoryData* pRight) {
@@ -215,15 +219,16 @@ void CDirectoryCompare::ComparePair(CDirectoryData* pLeft, CDirectoryData* pRigh
     if (pRight) m_pProgress->SetLine2(pRight->GetFullPath().c_str());
 
     std::vector<std::unique_ptr<CCompareEntry>> aEntries;
-    const size_t nPendingBefore = m_aPending.size();
     CompareFiles(pLeft, pRight, aEntries);
     if (m_bStopped) {  // this directory's entries are left out
-        m_aPending.resize(nPendingBefore);
+        std::erase_if(m_aPending, [&](const CCompareEntry* pPending) {
+            return std::any_of(aEntries.begin(), aEntries.end(),
+                               [&](const auto& pEntry) { return pEntry.get() == pPending; });
+        });
         return;
     }
     std::stable_sort(aEntries.begin(), aEntries.end(), EntryNameLess);
     for (auto& pEntry : aEntries) m_list.m_aEntries.push_back(std::move(pEntry));
-    if (m_aPending.size() >= kPendingBatch) SettlePending();
 
     // From here on the tree is in name order on both sides.
     for (CDirectoryData* pDir : {pLeft, pRight}) {
