@@ -8,6 +8,7 @@ removed, one added), then runs `diff -rq TREE COPY` and
 wall times, the median CPU times (user + system) and their ratios.
 Usage: bench/compare_vs_diff.py [TREE] [RUNS]
 """
+import json
 import os
 import shutil
 import statistics
@@ -64,6 +65,61 @@ def make_copy(tree, copy):
     os.rename(copy + ".part", copy)
 
 
+_twins = {}
+
+
+def has_case_twin(path):
+    """Whether a component of path shares its name, ignoring case, with
+    another entry of its directory: Zorvane matches names as Windows does,
+    diff byte by byte, so such names are left out of the check."""
+    while path not in ("/", ""):
+        directory, name = os.path.split(path)
+        if directory not in _twins:
+            try:
+                names = [n.lower() for n in os.listdir(directory)]
+            except OSError:
+                names = []
+            _twins[directory] = {n for n in names if names.count(n) > 1}
+        if name.lower() in _twins[directory]:
+            return True
+        path = directory
+    return False
+
+
+def without_twins(findings):
+    differ, only = findings
+    return ({(a, b) for a, b in differ if not has_case_twin(a) and not has_case_twin(b)},
+            {p for p in only if not has_case_twin(p)})
+
+
+def diff_findings(tree, copy):
+    """Pairs that differ in content and the top names found on one side only,
+    as `diff -rq` reports them."""
+    out = subprocess.run(["diff", "-rq", tree, copy], stdout=subprocess.PIPE,
+                         stderr=subprocess.DEVNULL).stdout.decode("utf-8", "surrogateescape")
+    differ, only = set(), set()
+    for line in out.splitlines():
+        if line.startswith("Files ") and line.endswith(" differ"):
+            left, right = line[len("Files "):-len(" differ")].split(" and " + copy, 1)
+            differ.add((left, copy + right))
+        elif line.startswith("Only in "):
+            directory, name = line[len("Only in "):].split(": ", 1)
+            only.add(os.path.join(directory, name))
+    return differ, only
+
+
+def zorvane_findings(tree, copy):
+    """The same from the compare's statuses: sizes, checksums and bytes for
+    content, and the missing entries whose parent has a counterpart."""
+    out = subprocess.run([CLI, "compare", "--subdirs", "--format", "json", tree, copy],
+                         stdout=subprocess.PIPE).stdout
+    entries = json.loads(out)["entries"]
+    differ = {(e["left"], e["right"]) for e in entries if e["status"] in (2, 3, 4, 5)}
+    missing = {e["left"] or e["right"] for e in entries if e["status"] in (6, 7, 10, 11)}
+    only = {path for path in missing if os.path.dirname(path) not in missing}
+    return differ, only
+
+
 def main():
     tree = sys.argv[1] if len(sys.argv) > 1 else "/usr/share"
     runs = int(sys.argv[2]) if len(sys.argv) > 2 else 7
@@ -75,6 +131,9 @@ def main():
     make_copy(tree, copy)
     diff = ["diff", "-rq", tree, copy]
     compare = [CLI, "compare", "--subdirs", tree, copy]
+    same = without_twins(diff_findings(tree, copy)) == without_twins(zorvane_findings(tree, copy))
+    print("statuses: %s" % ("the same differences as diff -rq" if same else
+                            "DIFFERENT from diff -rq"))
     run(diff), run(compare)  # warm the cache
     diff_runs, compare_runs = [], []
     for _ in range(runs):

@@ -8,6 +8,7 @@
 #include "analyses/CrcProgress.h"
 #include "core/host/Host.h"
 #include "core/records/FileData.h"
+#include "core/records/RecordFileOpen.h"
 #include "platform/Text.h"
 
 namespace zv {
@@ -119,6 +120,7 @@ void CCrcThreadPool::WorkerLoop(int nWorker) {
 
         for (size_t i = static_cast<size_t>(nWorker); i < aFiles.size(); i += kWorkers)
             Compute(*aFiles[i], eOperation);
+        CloseRecordDirectories();
 
         lock.lock();
         slot.bDone = true;

@@ -4,10 +4,12 @@
 #include <chrono>
 
 #include "analyses/CrcServices.h"
+#include "analyses/CrcThreadPool.h"
 #include "analyses/DuplicateTrace.h"
 #include "analyses/FileComparison.h"
 #include "analyses/NeighbourGroups.h"
 #include "core/document/Document.h"
+#include "core/records/RecordFileOpen.h"
 #include "platform/Text.h"
 
 namespace zv {
@@ -99,6 +101,20 @@ void RunPool(EPassMethod eMethod, const std::vector<CFileData*>& aBatch) {
         ComputeQuickCrcs(aBatch);
 }
 
+// Worker k of the pool takes the entries k, k + 3, k + 6 and so on; laid
+// out so, each worker gets one stretch of the directory-sorted files, in
+// order, and opens each of its directories once.
+void InterleaveForWorkers(std::vector<CFileData*>::const_iterator first,
+                          std::vector<CFileData*>::const_iterator last,
+                          std::vector<CFileData*>& aBatch) {
+    const size_t nCount = static_cast<size_t>(last - first);
+    aBatch.resize(nCount);
+    const size_t nWorkers = CCrcThreadPool::kWorkers;
+    size_t nStretch = 0;
+    for (size_t k = 0; k < nWorkers; ++k)
+        for (size_t i = k; i < nCount; i += nWorkers) aBatch[i] = first[nStretch++];
+}
+
 double SecondsSince(std::chrono::steady_clock::time_point start) {
     return std::chrono::duration<double>(std::chrono::steady_clock::now() - start).count();
 }
@@ -135,6 +151,7 @@ bool CDuplicateFileFinder::Run() {
         m_aDuplicateGroups.clear();
     }
     m_aConfirmedGroups.clear();
+    CloseRecordDirectories();
     return bFinished;
 }
 
@@ -215,32 +232,34 @@ bool CDuplicateFileFinder::ComputeCrcsForGroups(EPassMethod eMethod) {
     const size_t nTotal = CountFiles(m_aDuplicateGroups);
     const bool bQuick = eMethod == EPassMethod::QuickCrc;
     m_dialog.SetTextAndPercent((m_strLabel + u" 0%, 0 / " + Number(nTotal)).c_str(), 0);
-    const size_t nThreshold = BatchThreshold(nTotal);
-    std::vector<CFileData*> aBatch;
-    CPercentTracker tracker;
-    tracker.Update(0, double(nTotal));
-    size_t nCount = 0, nSinceReport = 0;
-    for (const CDuplicateGroup& group : m_aDuplicateGroups) {
+    // The files go to the pool in directory order, a batch at a time, so
+    // that the workers open each directory once for all its files; which
+    // thread computes a checksum, and when, changes nothing in the result.
+    std::vector<CFileData*> aPending;
+    aPending.reserve(nTotal);
+    for (const CDuplicateGroup& group : m_aDuplicateGroups)
         for (CFileData* pFile : group)
             if (eMethod != EPassMethod::FullCrc || !(pFile->m_uFlags & FILE_CRC_VALID))
-                aBatch.push_back(pFile);
-        if (aBatch.size() >= nThreshold) {
-            RunPool(eMethod, aBatch);
-            aBatch.clear();
-        }
-        nCount += group.size();
-        nSinceReport += group.size();
+                aPending.push_back(pFile);
+    std::stable_sort(aPending.begin(), aPending.end(), [](const CFileData* a, const CFileData* b) {
+        return std::less<const CDirectoryData*>()(a->m_pDirectory, b->m_pDirectory);
+    });
+    const size_t nThreshold = BatchThreshold(nTotal);
+    const size_t nSkipped = nTotal - aPending.size();
+    CPercentTracker tracker;
+    tracker.Update(0, double(nTotal));
+    std::vector<CFileData*> aBatch;
+    for (size_t nStart = 0; nStart < aPending.size(); nStart += nThreshold) {
+        const size_t nEnd = std::min(aPending.size(), nStart + nThreshold);
+        InterleaveForWorkers(aPending.begin() + static_cast<std::ptrdiff_t>(nStart),
+                             aPending.begin() + static_cast<std::ptrdiff_t>(nEnd), aBatch);
+        RunPool(eMethod, aBatch);
+        const size_t nCount = nSkipped + nEnd;
         const bool bPercent = tracker.Update(double(nCount), double(nTotal));
-        const bool bCount =
-            eMethod == EPassMethod::Mp3Crc ? nCount % 100 == 0 : nSinceReport >= 100;
-        if (bPercent || bCount) {
-            nSinceReport = 0;
-            if (!Report(ProgressText(m_strLabel, tracker.GetPercent(), nCount, nTotal, bQuick),
-                        bPercent ? tracker.GetPercent() : -1))
-                return false;
-        }
+        if (!Report(ProgressText(m_strLabel, tracker.GetPercent(), nCount, nTotal, bQuick),
+                    bPercent ? tracker.GetPercent() : -1))
+            return false;
     }
-    // What is left below the threshold is computed by the sort that follows.
     return true;
 }
 
@@ -277,16 +296,56 @@ bool CDuplicateFileFinder::PrecomputeAllNameCrcs() {
     return true;
 }
 
+CSmallGroupOutcome CDuplicateFileFinder::CompareSmallGroup(const CDuplicateGroup& group,
+                                                           bool bWithCrc) {
+    CSmallGroupOutcome outcome;
+    const double dSize = group[0]->m_dSize;
+    if (group.size() == 2) {
+        const CFileData* a = group[0];
+        const CFileData* b = group[1];
+        if (bWithCrc) {
+            // A file with a checksum waits for the full checksum stage.
+            if ((a->m_uFlags | b->m_uFlags) & FILE_CRC_VALID) return outcome;
+            outcome.m_pair = CompareTwoFilesWithCrc(*a, *b, dSize);
+        } else {
+            if (BothHave(a, b, FILE_PARTIAL_CRC_VALID) && a->m_uQuickCrc != b->m_uQuickCrc)
+                return outcome;
+            if (BothHave(a, b, FILE_CRC_VALID) && a->m_uCrc != b->m_uCrc) return outcome;
+            outcome.m_pair = CompareTwoFiles(*a, *b, dSize);
+        }
+        outcome.m_bCompared = true;
+        return outcome;
+    }
+    if (bWithCrc &&
+        ((group[0]->m_uFlags | group[1]->m_uFlags | group[2]->m_uFlags) & FILE_CRC_VALID))
+        return outcome;
+    const CFileData* aFiles[3] = {group[0], group[1], group[2]};
+    outcome.m_triple =
+        bWithCrc ? CompareThreeFilesWithCrc(aFiles, dSize) : CompareThreeFiles(aFiles, dSize);
+    outcome.m_bCompared = true;
+    return outcome;
+}
+
 bool CDuplicateFileFinder::SettleSmallGroups(bool bWithCrc) {
-    size_t nSmall = 0;
-    for (const CDuplicateGroup& group : m_aDuplicateGroups)
-        if (group.size() == 2 || group.size() == 3) ++nSmall;
+    // Walked from the last group to the first; the groups that stay open are
+    // gathered in reverse and turned round at the end.
+    std::vector<size_t> aSmall;
+    for (size_t i = m_aDuplicateGroups.size(); i-- > 0;)
+        if (m_aDuplicateGroups[i].size() == 2 || m_aDuplicateGroups[i].size() == 3)
+            aSmall.push_back(i);
+    const size_t nSmall = aSmall.size();
     m_dialog.SetTextAndPercent((m_strLabel + u" 0%, 0 / " + Number(nSmall)).c_str(), 0);
     CPercentTracker tracker;
     tracker.Update(0, double(nSmall));
+    // The comparisons only read; they run a window at a time on several
+    // threads, and the outcomes are applied here, in the walk's order. A
+    // window ends at a count of groups or of bytes, so that progress and a
+    // stop request are not held up for long.
+    constexpr size_t kWindow = 256;
+    constexpr double kWindowBytes = 64.0 * 1024 * 1024;
+    std::vector<CSmallGroupOutcome> aOutcomes;
+    size_t nWindowStart = 0;
     size_t nHandled = 0;
-    // Walked from the last group to the first; the groups that stay open are
-    // gathered in reverse and turned round at the end.
     std::vector<CDuplicateGroup> aOpen;
     for (size_t i = m_aDuplicateGroups.size(); i-- > 0;) {
         CDuplicateGroup& group = m_aDuplicateGroups[i];
@@ -295,6 +354,23 @@ bool CDuplicateFileFinder::SettleSmallGroups(bool bWithCrc) {
             aOpen.push_back(std::move(group));
             continue;
         }
+        if (nHandled == nWindowStart + aOutcomes.size()) {
+            nWindowStart = nHandled;
+            size_t nLength = 0;
+            double dBytes = 0;
+            while (nWindowStart + nLength < nSmall && nLength < kWindow &&
+                   (nLength == 0 || dBytes < kWindowBytes)) {
+                const CDuplicateGroup& next = m_aDuplicateGroups[aSmall[nWindowStart + nLength]];
+                dBytes += next[0]->m_dSize * double(next.size());
+                ++nLength;
+            }
+            aOutcomes.assign(nLength, CSmallGroupOutcome());
+            m_reads.Run(aOutcomes.size(), [&](size_t k) {
+                aOutcomes[k] =
+                    CompareSmallGroup(m_aDuplicateGroups[aSmall[nWindowStart + k]], bWithCrc);
+            });
+        }
+        const CSmallGroupOutcome& outcome = aOutcomes[nHandled - nWindowStart];
         ++nHandled;
         const bool bPercent = tracker.Update(double(nHandled), double(nSmall));
         if ((bPercent || nHandled % 100 == 0) &&
@@ -302,43 +378,27 @@ bool CDuplicateFileFinder::SettleSmallGroups(bool bWithCrc) {
                     bPercent ? tracker.GetPercent() : -1))
             return false;
 
-        const double dSize = group[0]->m_dSize;
+        if (!outcome.m_bCompared) {
+            // Left for the full checksum stage, or told apart by checksums.
+            if (bWithCrc) aOpen.push_back(std::move(group));
+            continue;
+        }
         if (group.size() == 2) {
             CFileData* a = group[0];
             CFileData* b = group[1];
+            const CPairComparison& result = outcome.m_pair;
             if (bWithCrc) {
-                if ((a->m_uFlags | b->m_uFlags) & FILE_CRC_VALID) {
-                    aOpen.push_back(std::move(group));  // for the full checksum stage
-                    continue;
-                }
-                const CPairComparison result =
-                    CompareTwoFilesWithCrc(a->GetFullPath(), b->GetFullPath(), dSize);
                 if (result.m_bError[0]) a->m_uFlags |= FILE_CRC_FAILED;
                 if (result.m_bError[1]) b->m_uFlags |= FILE_CRC_FAILED;
                 if (!result.m_bDifferent) {
                     a->SetCrc(result.m_uCrc);
                     b->SetCrc(result.m_uCrc);
-                    m_aConfirmedGroups.push_back(std::move(group));
                 }
-                continue;
             }
-            if (BothHave(a, b, FILE_PARTIAL_CRC_VALID) && a->m_uQuickCrc != b->m_uQuickCrc)
-                continue;
-            if (BothHave(a, b, FILE_CRC_VALID) && a->m_uCrc != b->m_uCrc) continue;
-            if (!CompareTwoFiles(a->GetFullPath(), b->GetFullPath(), dSize).m_bDifferent)
-                m_aConfirmedGroups.push_back(std::move(group));
+            if (!result.m_bDifferent) m_aConfirmedGroups.push_back(std::move(group));
             continue;
         }
-
-        if (bWithCrc &&
-            ((group[0]->m_uFlags | group[1]->m_uFlags | group[2]->m_uFlags) & FILE_CRC_VALID)) {
-            aOpen.push_back(std::move(group));
-            continue;
-        }
-        const std::u16string aPaths[3] = {group[0]->GetFullPath(), group[1]->GetFullPath(),
-                                          group[2]->GetFullPath()};
-        const CTripleComparison result =
-            bWithCrc ? CompareThreeFilesWithCrc(aPaths, dSize) : CompareThreeFiles(aPaths, dSize);
+        const CTripleComparison& result = outcome.m_triple;
         for (size_t k = 3; k-- > 0;) {
             if (bWithCrc && result.m_bError[k]) group[k]->m_uFlags |= FILE_CRC_FAILED;
             if (result.m_bError[k] || !result.m_bSurvivor[k]) {
@@ -349,6 +409,7 @@ bool CDuplicateFileFinder::SettleSmallGroups(bool bWithCrc) {
         }
         if (group.size() >= 2) m_aConfirmedGroups.push_back(std::move(group));
     }
+    CloseRecordDirectories();
     std::reverse(aOpen.begin(), aOpen.end());
     m_aDuplicateGroups = std::move(aOpen);
     return true;

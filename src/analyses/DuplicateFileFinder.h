@@ -9,13 +9,23 @@
 #include <vector>
 
 #include "analyses/DuplicatePasses.h"
+#include "analyses/FileComparison.h"
 #include "core/document/ResultLists.h"
 #include "core/host/ProgressDialog.h"
+#include "core/records/ParallelReads.h"
 
 namespace zv {
 
 class CWZorvaneDoc;
 class CDuplicateTrace;
+
+// What comparing the files of a group of two or three found; m_bCompared is
+// false where the group was left alone.
+struct CSmallGroupOutcome {
+    bool m_bCompared = false;
+    CPairComparison m_pair;
+    CTripleComparison m_triple;
+};
 
 class CDuplicateFileFinder {
 public:
@@ -35,6 +45,8 @@ private:
     bool PrecomputeAllMp3Crcs();
     bool PrecomputeAllNameCrcs();
     bool SettleSmallGroups(bool bWithCrc);
+    // Reads only, so that it may run on any thread.
+    static CSmallGroupOutcome CompareSmallGroup(const CDuplicateGroup& group, bool bWithCrc);
     bool CompareGroupsByteByByte();
     // True to go on; false when Cancel was pressed.
     bool Report(const std::u16string& strText, int nPercent);
@@ -48,6 +60,7 @@ private:
     std::vector<CDuplicateGroup> m_aConfirmedGroups;
     CProgressDialog m_dialog{true};
     std::u16string m_strLabel;
+    CParallelReads m_reads;
 };
 
 // FindDuplicateFiles as the program calls it after a scan or on command.

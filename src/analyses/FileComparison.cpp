@@ -8,6 +8,7 @@
 #include "analyses/Crc32Fast.h"
 #include "core/records/Crc32.h"
 #include "core/records/FileData.h"
+#include "core/records/RecordFileOpen.h"
 #include "platform/FileSystem.h"
 #include "platform/ReadFull.h"
 
@@ -25,14 +26,13 @@ unsigned char* Block(int nIndex) {
     return s_aBlocks[nIndex].get();
 }
 
-CPairComparison ComparePair(const std::u16string& strA, const std::u16string& strB, double dSize,
-                            bool bWithCrc) {
+CPairComparison ComparePair(const CFileData& a, const CFileData& b, double dSize, bool bWithCrc) {
     CPairComparison result;
     if (bWithCrc && dSize == 0) return result;
     platform::CFileReader aReaders[2];
-    const std::u16string* aPaths[2] = {&strA, &strB};
+    const CFileData* aFiles[2] = {&a, &b};
     for (int i = 0; i < 2; ++i) {
-        if (!aReaders[i].Open(*aPaths[i])) {
+        if (!OpenRecordFile(aReaders[i], *aFiles[i])) {
             result.m_bError[i] = true;
             result.m_bDifferent = true;
         }
@@ -72,14 +72,14 @@ bool SameBlock(int64_t nA, const unsigned char* pA, int64_t nB, const unsigned c
     return nA != 0 && nA == nB && std::memcmp(pA, pB, static_cast<size_t>(nA)) == 0;
 }
 
-CTripleComparison CompareTriple(const std::u16string* aPaths, double dSize, bool bWithCrc) {
+CTripleComparison CompareTriple(const CFileData* const* aFiles, double dSize, bool bWithCrc) {
     CTripleComparison result;
     if (dSize == 0) return result;
     platform::CFileReader aReaders[3];
     bool aAlive[3];
     int nFailures = 0;
     for (int i = 0; i < 3; ++i) {
-        aAlive[i] = aReaders[i].Open(aPaths[i]);
+        aAlive[i] = OpenRecordFile(aReaders[i], *aFiles[i]);
         if (!aAlive[i]) {
             result.m_bError[i] = true;
             ++nFailures;
@@ -134,22 +134,20 @@ CTripleComparison CompareTriple(const std::u16string* aPaths, double dSize, bool
 
 }  // namespace
 
-CPairComparison CompareTwoFiles(const std::u16string& strA, const std::u16string& strB,
-                                double dSize) {
-    return ComparePair(strA, strB, dSize, false);
+CPairComparison CompareTwoFiles(const CFileData& a, const CFileData& b, double dSize) {
+    return ComparePair(a, b, dSize, false);
 }
 
-CPairComparison CompareTwoFilesWithCrc(const std::u16string& strA, const std::u16string& strB,
-                                       double dSize) {
-    return ComparePair(strA, strB, dSize, true);
+CPairComparison CompareTwoFilesWithCrc(const CFileData& a, const CFileData& b, double dSize) {
+    return ComparePair(a, b, dSize, true);
 }
 
-CTripleComparison CompareThreeFiles(const std::u16string* aPaths, double dSize) {
-    return CompareTriple(aPaths, dSize, false);
+CTripleComparison CompareThreeFiles(const CFileData* const* aFiles, double dSize) {
+    return CompareTriple(aFiles, dSize, false);
 }
 
-CTripleComparison CompareThreeFilesWithCrc(const std::u16string* aPaths, double dSize) {
-    return CompareTriple(aPaths, dSize, true);
+CTripleComparison CompareThreeFilesWithCrc(const CFileData* const* aFiles, double dSize) {
+    return CompareTriple(aFiles, dSize, true);
 }
 
 CCompareBuffer::CCompareBuffer() {
@@ -166,7 +164,7 @@ CCompareBuffer::~CCompareBuffer() { delete[] m_pData; }
 
 bool ReadHead(const CFileData& file, const CCompareBuffer& buffer) {
     platform::CFileReader reader;
-    if (!reader.Open(file.GetFullPath())) return false;
+    if (!OpenRecordFile(reader, file)) return false;
     const size_t uWant = static_cast<size_t>(std::min<double>(file.m_dSize, double(buffer.Size())));
     // A file shorter than the scan saw has changed since: it counts as unreadable.
     return platform::ReadFull(reader, buffer.Data(), uWant) == static_cast<int64_t>(uWant);
@@ -178,7 +176,7 @@ bool FilesEqual(const CFileData& a, const CFileData& b, const CCompareBuffer& bu
     const size_t uInBuffer =
         buffer.Data() ? static_cast<size_t>(std::min<double>(a.m_dSize, double(buffer.Size()))) : 0;
     platform::CFileReader readerB;
-    if (!readerB.Open(b.GetFullPath())) return false;
+    if (!OpenRecordFile(readerB, b)) return false;
 
     unsigned char* pB = Block(1);
     uint64_t uPosition = 0;
@@ -193,7 +191,7 @@ bool FilesEqual(const CFileData& a, const CFileData& b, const CCompareBuffer& bu
     if (static_cast<double>(uPosition) >= a.m_dSize) return true;
 
     platform::CFileReader readerA;
-    if (!readerA.Open(a.GetFullPath()) || !readerA.Seek(uPosition)) return false;
+    if (!OpenRecordFile(readerA, a) || !readerA.Seek(uPosition)) return false;
     unsigned char* pA = Block(0);
     for (;;) {
         const int64_t nA = platform::ReadFull(readerA, pA, kBlock);

@@ -1,6 +1,7 @@
 // Comparing the content of files without checksums: pairs and triples of a
 // small duplicate group, and one file against others with its head held in
-// a buffer. Files are opened sharing reads with the sequential-scan hint;
+// a buffer. Files are opened sharing reads with the sequential-scan hint,
+// relative to their directories (OpenRecordFile);
 // sizes are the ones the scan recorded, and count down as bytes are read.
 #pragma once
 
@@ -19,12 +20,10 @@ struct CPairComparison {
 };
 
 // A size that is not positive compares equal once both are opened.
-CPairComparison CompareTwoFiles(const std::u16string& strA, const std::u16string& strB,
-                                double dSize);
+CPairComparison CompareTwoFiles(const CFileData& a, const CFileData& b, double dSize);
 // The same, running a checksum over the equal bytes: equal files get their
 // CRC from the comparison. Size 0 is equal with CRC 0 and opens nothing.
-CPairComparison CompareTwoFilesWithCrc(const std::u16string& strA, const std::u16string& strB,
-                                       double dSize);
+CPairComparison CompareTwoFilesWithCrc(const CFileData& a, const CFileData& b, double dSize);
 
 struct CTripleComparison {
     bool m_bError[3] = {false, false, false};
@@ -33,8 +32,8 @@ struct CTripleComparison {
 };
 
 // Size 0 leaves no survivors: three empty files are not settled here.
-CTripleComparison CompareThreeFiles(const std::u16string* aPaths, double dSize);
-CTripleComparison CompareThreeFilesWithCrc(const std::u16string* aPaths, double dSize);
+CTripleComparison CompareThreeFiles(const CFileData* const* aFiles, double dSize);
+CTripleComparison CompareThreeFilesWithCrc(const CFileData* const* aFiles, double dSize);
 
 // A read buffer for the byte comparison: 4 MiB, halved until it can be had,
 // at least 1024 bytes; empty when not even that.

@@ -9,6 +9,7 @@
 #include "core/document/SizeText.h"
 #include "core/document/SortCodes.h"
 #include "core/records/DirectoryData.h"
+#include "core/records/RecordFileOpen.h"
 #include "platform/Text.h"
 
 namespace zv {
@@ -17,6 +18,12 @@ namespace {
 
 constexpr uint8_t kFilesByName = 1;  // "Name asc"
 constexpr uint8_t kDirsByName = 1;   // "short name asc"
+
+// File pairs that must be read are compared in batches on several threads,
+// a little behind the walk; a large pair is compared by the walk itself,
+// whose progress line shows how far its reading is. The outcome of a pair
+// does not depend on the thread or the time that reads it.
+constexpr double kLargeFile = 16.0 * 1024 * 1024;
 
 void ClearMarks(CDirectoryData& dir) {
     dir.m_uFlags &= static_cast<uint16_t>(~DIR_COMPARE_VISITED);
@@ -140,6 +147,8 @@ void CDirectoryCompare::CompareRoots() {
     m_list.m_aEntries.push_back(std::move(pRoots));
 
     ComparePair(pLeft, pRight);
+    SettlePending();  // also after a stop: the entries made so far are whole
+    CloseRecordDirectories();
     m_pProgress.reset();
 }
 
@@ -172,6 +181,15 @@ void CDirectoryCompare::CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRig
         pFile->m_uFlags |= FILE_COMPARE_MATCH;
         pOther->m_uFlags |= FILE_COMPARE_MATCH;
         m_pProgress->SetLine3(pFile->m_strName.Str().c_str());
+        if (MustReadPair(*pFile, *pOther) && pFile->m_dSize < kLargeFile) {
+            // Settled with the next batch; the status is a placeholder.
+            aEntries.push_back(MakeFileEntry(pFile, pLeft, pOther, pRight, CompareIdentical));
+            m_aPending.push_back(aEntries.back().get());
+            m_dPendingBytes += pFile->m_dSize;
+            if (m_aPending.size() >= kPendingBatch || m_dPendingBytes >= kPendingBytes)
+                SettlePending();
+            continue;
+        }
         const CPairResult result = CompareFilesOfPair(*pFile, *pOther, m_nMode, m_pProgress.get());
         aEntries.push_back(
             MakeFileEntry(pFile, pLeft, pOther, pRight, result.m_nStatus, result.m_dValue));
@@ -183,6 +201,18 @@ void CDirectoryCompare::CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRig
                 MakeFileEntry(nullptr, pLeft, pFile, pRight, CompareLeftFileMissing));
 }
 
+void CDirectoryCompare::SettlePending() {
+    m_reads.Run(m_aPending.size(), [this](size_t k) {
+        CCompareEntry& entry = *m_aPending[k];
+        const CPairResult result =
+            CompareFilesOfPair(*entry.m_pLeftFile, *entry.m_pRightFile, m_nMode, nullptr);
+        entry.m_nStatus = result.m_nStatus;
+        entry.m_dValue = result.m_dValue;
+    });
+    m_aPending.clear();
+    m_dPendingBytes = 0;
+}
+
 void CDirectoryCompare::ComparePair(CDirectoryData* pLeft, CDirectoryData* pRight) {
     if ((!pLeft && !pRight) || m_bStopped) return;
     if (pLeft) m_pProgress->SetLine1(pLeft->GetFullPath().c_str());
@@ -190,7 +220,13 @@ void CDirectoryCompare::ComparePair(CDirectoryData* pLeft, CDirectoryData* pRigh
 
     std::vector<std::unique_ptr<CCompareEntry>> aEntries;
     CompareFiles(pLeft, pRight, aEntries);
-    if (m_bStopped) return;  // this directory's entries are left out
+    if (m_bStopped) {  // this directory's entries are left out
+        std::erase_if(m_aPending, [&](const CCompareEntry* pPending) {
+            return std::any_of(aEntries.begin(), aEntries.end(),
+                               [&](const auto& pEntry) { return pEntry.get() == pPending; });
+        });
+        return;
+    }
     std::stable_sort(aEntries.begin(), aEntries.end(), EntryNameLess);
     for (auto& pEntry : aEntries) m_list.m_aEntries.push_back(std::move(pEntry));
 

@@ -10,8 +10,10 @@
 #include <string>
 #include <vector>
 
+#include "compare/FilePairCompare.h"
 #include "core/document/CompareList.h"
 #include "core/host/ProgressDialog.h"
+#include "core/records/ParallelReads.h"
 
 namespace zv {
 
@@ -36,6 +38,9 @@ private:
     void ComparePair(CDirectoryData* pLeft, CDirectoryData* pRight);
     void CompareFiles(CDirectoryData* pLeft, CDirectoryData* pRight,
                       std::vector<std::unique_ptr<CCompareEntry>>& aEntries);
+    // Reads the pending pairs, on several threads, and gives their entries
+    // their statuses.
+    void SettlePending();
     void CompareSubdirs(CDirectoryData* pLeft, CDirectoryData* pRight);
     void AddDirEntry(CDirectoryData* pA, CDirectoryData* pB);
     // Counts a left file and updates the progress; false after a stop.
@@ -50,6 +55,15 @@ private:
     std::u16string m_strTotal;
     CPercentTracker m_percent;
     std::unique_ptr<CProgressDialog> m_pProgress;
+    // A batch ends at a count of pairs or of bytes, so that progress and a
+    // stop request are not held up for long.
+    static constexpr size_t kPendingBatch = 96;
+    static constexpr double kPendingBytes = 32.0 * 1024 * 1024;
+    // Entries already in the list or in the current directory's, whose
+    // files are still to be compared.
+    std::vector<CCompareEntry*> m_aPending;
+    double m_dPendingBytes = 0;  // of the left files of the pending pairs
+    CParallelReads m_reads;
 };
 
 }  // namespace zv

@@ -7,6 +7,7 @@
 #include "compare/TextLineReader.h"
 #include "core/host/ProgressDialog.h"
 #include "core/records/FileData.h"
+#include "core/records/RecordFileOpen.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 
@@ -54,16 +55,15 @@ bool BlockFails(const CChunk& chunk, size_t nOffset) {
     return chunk.bFailed && nOffset + kBinaryBlock > chunk.nBytes;
 }
 
-std::u16string_view FileNameOf(const std::u16string& strPath) {
+std::u16string_view FileNameOf(std::u16string_view strPath) {
     const size_t nSlash = strPath.find_last_of(u"/\\");
-    return nSlash == std::u16string::npos ? std::u16string_view(strPath)
-                                          : std::u16string_view(strPath).substr(nSlash + 1);
+    return nSlash == std::u16string_view::npos ? strPath : strPath.substr(nSlash + 1);
 }
 
 class CPairProgress {
 public:
-    CPairProgress(CProgressDialog* pProgress, const std::u16string& strPath, double dTotal)
-        : m_pProgress(pProgress), m_strName(FileNameOf(strPath)), m_dTotal(dTotal) {}
+    CPairProgress(CProgressDialog* pProgress, std::u16string_view strName, double dTotal)
+        : m_pProgress(pProgress), m_strName(strName), m_dTotal(dTotal) {}
 
     void Update(double dDone) {
         if (!m_pProgress || !m_tracker.Update(dDone, m_dTotal)) return;
@@ -99,14 +99,11 @@ std::u16string_view AsCString(const char16_t* pBuffer, size_t nRead) {
     return line.substr(0, line.find(u'\0'));
 }
 
-}  // namespace
-
-CPairResult CompareFilesBinary(const std::u16string& strLeft, const std::u16string& strRight,
-                               double dLeftSize, CProgressDialog* pProgress) {
-    platform::CFileReader left, right;
-    if (!left.Open(strLeft)) return {CompareLeftUnreadable, 0};
-    if (!right.Open(strRight)) return {CompareRightUnreadable, 0};
-    CPairProgress progress(pProgress, strLeft, dLeftSize);
+// Both files open; the name is the left file's, for the progress line.
+CPairResult CompareOpenedBinary(platform::CFileReader& left, platform::CFileReader& right,
+                                std::u16string_view strName, double dLeftSize,
+                                CProgressDialog* pProgress) {
+    CPairProgress progress(pProgress, strName, dLeftSize);
     static thread_local std::vector<unsigned char> aLeft(kChunk), aRight(kChunk);
     double dEarlier = 0;
     for (;;) {
@@ -136,12 +133,22 @@ CPairResult CompareFilesBinary(const std::u16string& strLeft, const std::u16stri
     }
 }
 
+}  // namespace
+
+CPairResult CompareFilesBinary(const std::u16string& strLeft, const std::u16string& strRight,
+                               double dLeftSize, CProgressDialog* pProgress) {
+    platform::CFileReader left, right;
+    if (!left.Open(strLeft)) return {CompareLeftUnreadable, 0};
+    if (!right.Open(strRight)) return {CompareRightUnreadable, 0};
+    return CompareOpenedBinary(left, right, FileNameOf(strLeft), dLeftSize, pProgress);
+}
+
 CPairResult CompareFilesByLines(const std::u16string& strLeft, const std::u16string& strRight,
                                 double dLeftSize, CProgressDialog* pProgress) {
     CTextLineReader left, right;
     if (!left.Open(strLeft)) return {CompareLeftUnreadable, 0};
     if (!right.Open(strRight)) return {CompareRightUnreadable, 0};
-    CPairProgress progress(pProgress, strLeft, dLeftSize);
+    CPairProgress progress(pProgress, FileNameOf(strLeft), dLeftSize);
     std::u16string aLeft(kLineBuffer, u'\0'), aRight(kLineBuffer, u'\0');
     bool bExact = true;
     double dLine = 0, dCharacters = 0;
@@ -163,14 +170,24 @@ CPairResult CompareFilesByLines(const std::u16string& strLeft, const std::u16str
     }
 }
 
+bool MustReadPair(const CFileData& left, const CFileData& right) {
+    return left.m_dSize == right.m_dSize &&
+           !((left.m_uFlags & FILE_CRC_VALID) && (right.m_uFlags & FILE_CRC_VALID));
+}
+
 CPairResult CompareFilesOfPair(CFileData& left, CFileData& right, int nMode,
                                CProgressDialog* pProgress) {
     if (left.m_dSize != right.m_dSize) return {CompareFileSize, 0};
     if ((left.m_uFlags & FILE_CRC_VALID) && (right.m_uFlags & FILE_CRC_VALID))
         return {left.m_uCrc == right.m_uCrc ? CompareIdentical : CompareFileCrc, 0};
-    const std::u16string strLeft = left.GetFullPath(), strRight = right.GetFullPath();
-    if (nMode == 2) return CompareFilesBinary(strLeft, strRight, left.m_dSize, pProgress);
-    return CompareFilesByLines(strLeft, strRight, left.m_dSize, pProgress);
+    if (nMode == 2) {
+        platform::CFileReader leftReader, rightReader;
+        if (!OpenRecordFile(leftReader, left)) return {CompareLeftUnreadable, 0};
+        if (!OpenRecordFile(rightReader, right)) return {CompareRightUnreadable, 0};
+        return CompareOpenedBinary(leftReader, rightReader, left.m_strName.View(), left.m_dSize,
+                                   pProgress);
+    }
+    return CompareFilesByLines(left.GetFullPath(), right.GetFullPath(), left.m_dSize, pProgress);
 }
 
 }  // namespace zv

@@ -23,6 +23,10 @@ CPairResult CompareFilesBinary(const std::u16string& strLeft, const std::u16stri
 CPairResult CompareFilesByLines(const std::u16string& strLeft, const std::u16string& strRight,
                                 double dLeftSize, CProgressDialog* pProgress);
 
+// Whether the files themselves decide the pair: sizes agree and their
+// checksums are not both known.
+bool MustReadPair(const CFileData& left, const CFileData& right);
+
 // The whole rule for a pair of records: sizes, then checksums both already
 // known, then the files in nMode (0 and 1 lines, 2 binary).
 CPairResult CompareFilesOfPair(CFileData& left, CFileData& right, int nMode,

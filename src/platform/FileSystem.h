@@ -114,6 +114,11 @@ public:
     CFileReader& operator=(const CFileReader&) = delete;
 
     bool Open(std::u16string_view path, bool bSequential = true);
+#ifndef _WIN32
+    // The same for a name relative to an open directory descriptor, as
+    // CDirectoryHandle opens its files.
+    bool OpenAt(int nDirFd, const std::string& strName, bool bSequential);
+#endif
     // Bytes read, 0 at the end, -1 on a read error.
     int64_t Read(void* pBuffer, size_t uSize);
     bool Seek(uint64_t uOffset);

@@ -6,6 +6,7 @@
 #include "core/records/Crc32.h"
 #include "core/records/NameCrc.h"
 #include "core/records/OwnerPool.h"
+#include "core/records/RecordFileOpen.h"
 #include "core/records/RecordPath.h"
 #include "core/records/RecordServices.h"
 #include "core/records/SubtreeWalk.h"
@@ -43,6 +44,7 @@ CDirectoryData::CDirectoryData(CDirectoryData* pParent, std::u16string_view strN
       m_nTotalDirs(0) {}
 
 CDirectoryData::~CDirectoryData() {
+    ForgetRecordDirectories();
     // Each descendant's children are taken from it before it is deleted, so
     // no destructor recurses, however deep the tree.
     std::vector<CDirectoryData*> aPending;

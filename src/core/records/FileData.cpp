@@ -8,6 +8,7 @@
 #include "core/records/DirectoryData.h"
 #include "core/records/NameCrc.h"
 #include "core/records/OwnerPool.h"
+#include "core/records/RecordFileOpen.h"
 #include "core/records/RecordPath.h"
 #include "core/records/RecordServices.h"
 #include "platform/FileSystem.h"
@@ -110,7 +111,7 @@ uint32_t CFileData::GetQuickCrc() {
         return 0;
     }
     platform::CFileReader reader;
-    if (!reader.Open(GetFullPath(), false)) {  // one block: no sequential hint
+    if (!OpenRecordFile(reader, *this, false)) {  // one block: no sequential hint
         m_uFlags |= FILE_PARTIAL_CRC_FAILED;
         return 0;
     }

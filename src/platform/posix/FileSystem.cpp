@@ -243,8 +243,8 @@ double FragmentSize(const struct statvfs& vfs) {
 
 // Opened as a reader would open it; O_NONBLOCK keeps a FIFO from blocking
 // the open.
-int OpenForReading(const std::string& strPath) {
-    return open(strPath.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
+int OpenForReading(int nDirFd, const std::string& strPath) {
+    return openat(nDirFd, strPath.c_str(), O_RDONLY | O_CLOEXEC | O_NOCTTY | O_NONBLOCK);
 }
 
 }  // namespace
@@ -368,8 +368,12 @@ CFileReader::CFileReader() : m_pImpl(std::make_unique<Impl>()) {}
 CFileReader::~CFileReader() { Close(); }
 
 bool CFileReader::Open(std::u16string_view path, bool bSequential) {
+    return OpenAt(AT_FDCWD, Utf16ToUtf8(path), bSequential);
+}
+
+bool CFileReader::OpenAt(int nDirFd, const std::string& strName, bool bSequential) {
     Close();
-    const int nFd = OpenForReading(Utf16ToUtf8(path));
+    const int nFd = OpenForReading(nDirFd, strName);
     if (nFd < 0) return false;
     // Only regular files: a device or FIFO would never end or never start.
     struct stat st;
