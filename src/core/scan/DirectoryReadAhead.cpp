@@ -1,0 +1,121 @@
+#include "core/scan/DirectoryReadAhead.h"
+
+#include <algorithm>
+
+namespace zv {
+
+void CDirectoryListing::GetEntry(size_t i, CDirEntry& entry) const {
+    const CPackedEntry& packed = m_aEntries[i];
+    entry.strName.assign(m_strNames, packed.uNameStart, packed.uNameLength);
+    entry.uSizeLow = packed.uSizeLow;
+    entry.uSizeHigh = packed.uSizeHigh;
+    entry.ftCreated = packed.ftCreated;
+    entry.ftAccessed = packed.ftAccessed;
+    entry.ftModified = packed.ftModified;
+    entry.uAttributes = packed.uAttributes;
+}
+
+void CDirectoryListing::Read(const std::atomic<bool>& bStop) {
+    m_bOpened = m_pBase ? m_reader.OpenChild(*m_pBase, m_strPath) : m_reader.Open(m_strPath);
+    if (!m_bOpened) {
+        m_nError = m_reader.GetLastError();
+        return;
+    }
+    if (m_bWantSelf) m_bHasSelf = m_reader.GetSelf(m_self);
+    bool bHasSubdirectory = false;
+    CDirEntry entry;
+    while (!bStop.load(std::memory_order_relaxed) && m_reader.Next(entry)) {
+        const uint32_t uAttributes = entry.uAttributes;
+        bHasSubdirectory |=
+            (uAttributes & ATTR_DIRECTORY) != 0 && (uAttributes & ATTR_REPARSE_POINT) == 0;
+        m_aEntries.push_back({entry.ftCreated, entry.ftAccessed, entry.ftModified, entry.uSizeLow,
+                              entry.uSizeHigh, uAttributes, uint32_t(m_strNames.size()),
+                              uint32_t(entry.strName.size())});
+        m_strNames += entry.strName;
+    }
+    // Only a directory with subdirectories is opened from again; the others
+    // give their handle back now, as handles are few.
+    if (!bHasSubdirectory) m_reader.Close();
+}
+
+size_t CDirectoryReadAhead::DefaultThreads() {
+    // The workers mostly wait on the system; a few per core keep reads in
+    // flight when the cache is cold without crowding a warm one.
+    const size_t nCores = std::thread::hardware_concurrency();
+    if (nCores <= 1) return 1;
+    return std::min<size_t>(nCores * 2, 8);
+}
+
+void CDirectoryReadAhead::Start(size_t nWorkers) {
+    Stop();
+    m_bStop = false;
+    for (size_t i = 0; i < nWorkers; ++i)
+        m_aWorkers.emplace_back(&CDirectoryReadAhead::WorkerLoop, this);
+}
+
+void CDirectoryReadAhead::Stop() {
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_bStop = true;
+    }
+    m_workAvailable.notify_all();
+    for (std::thread& worker : m_aWorkers) worker.join();
+    m_aWorkers.clear();
+    m_aStack.clear();
+    m_nTaken = m_nBufferedEntries = 0;
+}
+
+void CDirectoryReadAhead::Queue(CDirectoryListing& listing) {
+    {
+        std::lock_guard<std::mutex> lock(m_mutex);
+        m_aStack.push_back(&listing);
+    }
+    m_workAvailable.notify_one();
+}
+
+bool CDirectoryReadAhead::CanTake() const {
+    return !m_aStack.empty() && m_nTaken < kMaxTaken && m_nBufferedEntries < kMaxBufferedEntries;
+}
+
+void CDirectoryReadAhead::WorkerLoop() {
+    std::unique_lock<std::mutex> lock(m_mutex);
+    for (;;) {
+        m_workAvailable.wait(lock, [this] { return m_bStop || CanTake(); });
+        if (m_bStop) return;
+        CDirectoryListing& listing = *m_aStack.back();
+        m_aStack.pop_back();
+        listing.m_eState = CDirectoryListing::EState::Taken;
+        listing.m_bByWorker = true;
+        ++m_nTaken;
+        lock.unlock();
+        listing.Read(m_bStop);
+        lock.lock();
+        listing.m_eState = CDirectoryListing::EState::Done;
+        m_nBufferedEntries += listing.GetCount();
+        m_listingDone.notify_all();
+    }
+}
+
+void CDirectoryReadAhead::Wait(CDirectoryListing& listing) {
+    std::unique_lock<std::mutex> lock(m_mutex);
+    if (listing.m_eState == CDirectoryListing::EState::Queued) {
+        // Normally the top of the stack: the walk enters what it queued last.
+        const auto it = std::find(m_aStack.rbegin(), m_aStack.rend(), &listing);
+        if (it != m_aStack.rend()) m_aStack.erase(std::next(it).base());
+        listing.m_eState = CDirectoryListing::EState::Taken;
+        lock.unlock();
+        listing.Read(m_bStop);
+        lock.lock();
+        listing.m_eState = CDirectoryListing::EState::Done;
+        return;
+    }
+    m_listingDone.wait(lock, [&] { return listing.m_eState == CDirectoryListing::EState::Done; });
+    if (!listing.m_bByWorker) return;
+    listing.m_bByWorker = false;
+    --m_nTaken;
+    m_nBufferedEntries -= listing.GetCount();
+    lock.unlock();
+    m_workAvailable.notify_all();
+}
+
+}  // namespace zv
