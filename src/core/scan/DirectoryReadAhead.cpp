@@ -21,9 +21,9 @@ void CDirectoryListing::Read(const std::atomic<bool>& bStop) {
         m_nError = m_reader.GetLastError();
         return;
     }
-    if (m_bWantSelf) m_bHasSelf = m_reader.GetSelf(m_self);
-    bool bHasSubdirectory = false;
     CDirEntry entry;
+    if (m_bWantSelf && m_reader.GetSelf(entry)) m_uSelfAttributes = entry.uAttributes;
+    bool bHasSubdirectory = false;
     while (!bStop.load(std::memory_order_relaxed) && m_reader.Next(entry)) {
         const uint32_t uAttributes = entry.uAttributes;
         bHasSubdirectory |=

@@ -44,9 +44,8 @@ public:
     // Open while the directory has subdirectories to be opened from it.
     platform::CDirectoryReader m_reader;
     bool m_bOpened = false;
-    int m_nError = ERR_NONE;  // of a failed open
-    bool m_bHasSelf = false;
-    CDirEntry m_self;
+    int m_nError = ERR_NONE;                    // of a failed open
+    uint32_t m_uSelfAttributes = ATTR_INVALID;  // where they were wanted and read
 
 private:
     friend class CDirectoryReadAhead;
@@ -71,8 +70,8 @@ private:
 
 class CDirectoryReadAhead {
 public:
-    static constexpr size_t kMaxTaken = 64;
-    static constexpr size_t kMaxBufferedEntries = 65536;
+    static constexpr size_t kMaxTaken = 32;
+    static constexpr size_t kMaxBufferedEntries = 4096;
 
     CDirectoryReadAhead() = default;
     ~CDirectoryReadAhead() { Stop(); }

@@ -272,7 +272,8 @@ void CScanner::ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData
     CDirEntry self;
     if (pListing) {
         reader = std::move(pListing->m_reader);
-        if (pListing->m_bHasSelf) dir.m_uAttributes = pListing->m_self.uAttributes;
+        if (pListing->m_uSelfAttributes != ATTR_INVALID)
+            dir.m_uAttributes = pListing->m_uSelfAttributes;
     } else if ((nLevel == 1 || !platform::kListingReadsEachEntry) && reader.GetSelf(self)) {
         dir.m_uAttributes = self.uAttributes;
     }
