@@ -39,11 +39,11 @@ void CDirectoryListing::Read(const std::atomic<bool>& bStop) {
 }
 
 size_t CDirectoryReadAhead::DefaultThreads() {
-    // The workers mostly wait on the system; a few per core keep reads in
-    // flight when the cache is cold without crowding a warm one.
+    // One worker per core: more only add hand-overs between threads, which
+    // cost more than they overlap when the cache is warm.
     const size_t nCores = std::thread::hardware_concurrency();
     if (nCores <= 1) return 1;
-    return std::min<size_t>(nCores * 2, 8);
+    return std::min<size_t>(nCores, 8);
 }
 
 void CDirectoryReadAhead::Start(size_t nWorkers) {
@@ -62,7 +62,7 @@ void CDirectoryReadAhead::Stop() {
     for (std::thread& worker : m_aWorkers) worker.join();
     m_aWorkers.clear();
     m_aStack.clear();
-    m_nTaken = m_nBufferedEntries = 0;
+    m_nTaken = m_nReading = 0;
 }
 
 void CDirectoryReadAhead::Queue(CDirectoryListing& listing) {
@@ -73,9 +73,7 @@ void CDirectoryReadAhead::Queue(CDirectoryListing& listing) {
     m_workAvailable.notify_one();
 }
 
-bool CDirectoryReadAhead::CanTake() const {
-    return !m_aStack.empty() && m_nTaken < kMaxTaken && m_nBufferedEntries < kMaxBufferedEntries;
-}
+bool CDirectoryReadAhead::CanTake() const { return !m_aStack.empty() && m_nTaken < kMaxTaken; }
 
 void CDirectoryReadAhead::WorkerLoop() {
     std::unique_lock<std::mutex> lock(m_mutex);
@@ -87,19 +85,22 @@ void CDirectoryReadAhead::WorkerLoop() {
         listing.m_eState = CDirectoryListing::EState::Taken;
         listing.m_bByWorker = true;
         ++m_nTaken;
+        ++m_nReading;
         lock.unlock();
         listing.Read(m_bStop);
         lock.lock();
+        --m_nReading;
         listing.m_eState = CDirectoryListing::EState::Done;
-        m_nBufferedEntries += listing.GetCount();
         m_listingDone.notify_all();
     }
 }
 
 void CDirectoryReadAhead::Wait(CDirectoryListing& listing) {
     std::unique_lock<std::mutex> lock(m_mutex);
-    if (listing.m_eState == CDirectoryListing::EState::Queued) {
-        // Normally the top of the stack: the walk enters what it queued last.
+    // What the walk needs next is the top of the stack, so an idle worker
+    // takes it at once; only when none is idle is it read here.
+    const bool bWorkerIdle = m_nReading < m_aWorkers.size() && m_nTaken < kMaxTaken;
+    if (listing.m_eState == CDirectoryListing::EState::Queued && !bWorkerIdle) {
         const auto it = std::find(m_aStack.rbegin(), m_aStack.rend(), &listing);
         if (it != m_aStack.rend()) m_aStack.erase(std::next(it).base());
         listing.m_eState = CDirectoryListing::EState::Taken;
@@ -113,7 +114,6 @@ void CDirectoryReadAhead::Wait(CDirectoryListing& listing) {
     if (!listing.m_bByWorker) return;
     listing.m_bByWorker = false;
     --m_nTaken;
-    m_nBufferedEntries -= listing.GetCount();
     lock.unlock();
     m_workAvailable.notify_all();
 }

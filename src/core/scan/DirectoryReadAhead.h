@@ -8,9 +8,11 @@
 // directory, first-walked on top, after those of the directories it is still
 // inside, so the top is always the next directory the walk enters. Workers
 // take from the top, and stop taking while kMaxTaken listings are being read
-// or wait to be taken, or their entries exceed kMaxBufferedEntries: memory
-// stays bounded whatever the tree. A request no worker has taken yet when the
-// scanner needs it is read by the scanning thread itself.
+// or wait to be taken: memory stays bounded whatever the tree. The bound is
+// on listings rather than entries: a budget of entries filled by one large
+// listing far ahead would leave the walk reading alone. A request no worker
+// has taken yet when the scanner needs it, with every worker busy, is read
+// by the scanning thread itself.
 #pragma once
 
 #include <atomic>
@@ -71,7 +73,6 @@ private:
 class CDirectoryReadAhead {
 public:
     static constexpr size_t kMaxTaken = 32;
-    static constexpr size_t kMaxBufferedEntries = 4096;
 
     CDirectoryReadAhead() = default;
     ~CDirectoryReadAhead() { Stop(); }
@@ -104,8 +105,8 @@ private:
     std::condition_variable m_workAvailable;
     std::condition_variable m_listingDone;
     std::vector<CDirectoryListing*> m_aStack;
-    size_t m_nTaken = 0;            // by workers, not yet waited for
-    size_t m_nBufferedEntries = 0;  // of those that are read
+    size_t m_nTaken = 0;    // by workers, not yet waited for
+    size_t m_nReading = 0;  // of those, still being read
     std::atomic<bool> m_bStop{false};
     std::vector<std::thread> m_aWorkers;
 };
