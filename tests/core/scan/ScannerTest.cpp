@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <sstream>
 
 #include "core/document/Document.h"
 #include "core/document/SortCodes.h"
@@ -146,12 +147,11 @@ protected:
         std::vector<std::u16string> aRecords = m_host.m_aStatusTexts;
         auto Facts = [](uint32_t uAttributes, FILETIME ftCreated, FILETIME ftAccessed,
                         FILETIME ftModified, double dSize) {
-            std::string strFacts;
+            std::ostringstream facts;
             for (FILETIME ft : {ftCreated, ftAccessed, ftModified})
-                strFacts += " " + std::to_string(ft.dwHighDateTime) + ":" +
-                            std::to_string(ft.dwLowDateTime);
-            return Utf8ToUtf16(strFacts + " " + std::to_string(uAttributes) + " " +
-                               std::to_string(dSize));
+                facts << ' ' << ft.dwHighDateTime << ':' << ft.dwLowDateTime;
+            facts << ' ' << uAttributes << ' ' << dSize;
+            return Utf8ToUtf16(facts.str());
         };
         for (const CDirectoryData* pDir : m_doc.m_scan.m_aAllDirs)
             aRecords.push_back(pDir->GetFullPath() + Facts(pDir->m_uAttributes, pDir->m_ftCreated,
@@ -291,7 +291,7 @@ TEST_F(ScannerTest, NoRootsClearsTheStatus) {
 // not; also when its window is full (more subdirectories than it holds).
 TEST_F(ScannerTest, ReadAheadFindsTheSameRecordsInTheSameOrder) {
     for (int i = 0; i < int(CDirectoryReadAhead::kMaxTaken) + 40; ++i) {
-        const fs::path sub = m_temp.Path() / "wide" / ("w" + std::to_string(i)) / "sub";
+        const fs::path sub = m_temp.Path() / "wide" / std::to_string(i) / "sub";
         fs::create_directories(sub);
         std::ofstream(sub / "f") << std::string(size_t(i % 3), 'x');
     }
