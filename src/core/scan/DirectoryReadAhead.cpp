@@ -49,20 +49,28 @@ size_t CDirectoryReadAhead::DefaultThreads() {
 void CDirectoryReadAhead::Start(size_t nWorkers) {
     Stop();
     m_bStop = false;
+    m_bExit = false;
     for (size_t i = 0; i < nWorkers; ++i)
         m_aWorkers.emplace_back(&CDirectoryReadAhead::WorkerLoop, this);
 }
 
+void CDirectoryReadAhead::Pause() {
+    std::unique_lock<std::mutex> lock(m_mutex);
+    m_bStop = true;
+    m_aStack.clear();
+    m_listingDone.wait(lock, [this] { return m_nReading == 0; });
+    m_nTaken = 0;
+}
+
 void CDirectoryReadAhead::Stop() {
+    Pause();
     {
         std::lock_guard<std::mutex> lock(m_mutex);
-        m_bStop = true;
+        m_bExit = true;
     }
     m_workAvailable.notify_all();
     for (std::thread& worker : m_aWorkers) worker.join();
     m_aWorkers.clear();
-    m_aStack.clear();
-    m_nTaken = m_nReading = 0;
 }
 
 void CDirectoryReadAhead::Queue(CDirectoryListing& listing) {
@@ -78,8 +86,8 @@ bool CDirectoryReadAhead::CanTake() const { return !m_aStack.empty() && m_nTaken
 void CDirectoryReadAhead::WorkerLoop() {
     std::unique_lock<std::mutex> lock(m_mutex);
     for (;;) {
-        m_workAvailable.wait(lock, [this] { return m_bStop || CanTake(); });
-        if (m_bStop) return;
+        m_workAvailable.wait(lock, [this] { return m_bExit || (!m_bStop && CanTake()); });
+        if (m_bExit) return;
         CDirectoryListing& listing = *m_aStack.back();
         m_aStack.pop_back();
         listing.m_eState = CDirectoryListing::EState::Taken;

@@ -81,10 +81,15 @@ public:
 
     // Starts nWorkers threads; none for 0.
     void Start(size_t nWorkers);
-    // Ends the workers promptly (a listing being read is left unfinished)
-    // and forgets every request. Listings stay with their owners.
+    // Returns promptly once no worker reads (a listing being read is left
+    // unfinished) and forgets every request; the workers take no more until
+    // the next Start. Listings stay with their owners.
+    void Pause();
+    // Pauses and ends the workers. Threads end only here, when the walk has
+    // given its handles back: sanitizer checks at a thread's end need a
+    // descriptor, and a pause may come because there are none left.
     void Stop();
-    bool IsRunning() const { return !m_aWorkers.empty(); }
+    bool IsRunning() const { return !m_aWorkers.empty() && !m_bStop; }
     size_t GetWorkerCount() const { return m_aWorkers.size(); }
 
     // Queues a listing; the last queued is the first read.
@@ -105,9 +110,10 @@ private:
     std::condition_variable m_workAvailable;
     std::condition_variable m_listingDone;
     std::vector<CDirectoryListing*> m_aStack;
-    size_t m_nTaken = 0;    // by workers, not yet waited for
-    size_t m_nReading = 0;  // of those, still being read
-    std::atomic<bool> m_bStop{false};
+    size_t m_nTaken = 0;               // by workers, not yet waited for
+    size_t m_nReading = 0;             // of those, still being read
+    std::atomic<bool> m_bStop{false};  // paused: reads are abandoned, nothing taken
+    bool m_bExit = false;
     std::vector<std::thread> m_aWorkers;
 };
 

@@ -152,6 +152,7 @@ void CScanner::ScanRootDirectory(size_t nRootIndex, CRootDirectoryData& root) {
     ListDirectory(1, root, root);
     if (m_aPending.empty()) {
         EndReadAhead();
+        m_readAhead.Stop();
         return;
     }
 
@@ -194,11 +195,12 @@ void CScanner::ScanRootDirectory(size_t nRootIndex, CRootDirectoryData& root) {
         ListDirectory(parent.nLevel + 1, child, root, pListing.get());
     }
     EndReadAhead();
+    m_readAhead.Stop();
 }
 
 void CScanner::EndReadAhead() {
     if (!m_readAhead.IsRunning()) return;  // then no listings are held either
-    m_readAhead.Stop();
+    m_readAhead.Pause();
     for (CPendingDirectory& pending : m_aPending) {
         pending.bReadAhead = false;
         pending.aListings.clear();
