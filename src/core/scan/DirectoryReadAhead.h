@@ -98,8 +98,8 @@ public:
     // worker has taken it; a listing waited for is no longer buffered.
     void Wait(CDirectoryListing& listing);
 
-    // A sensible number of readers for this machine: 1 (no workers) on a
-    // single core.
+    // A sensible number of readers for this machine: 1 (no workers) on one
+    // or two cores.
     static size_t DefaultThreads();
 
 private:
