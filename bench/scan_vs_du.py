@@ -3,7 +3,7 @@
 
 Builds the release zorvane-cli, installs gdu and ncdu (Debian packages) when
 they are missing, then runs `zorvane-cli scan --json TREE` (with the default
-read threads and with --threads 1), `du -s TREE`, `gdu -n TREE` and
+read threads, with --threads 1 and with 2 read-ahead workers), `du -s TREE`, `gdu -n TREE` and
 `ncdu -o /dev/null TREE` alternately: warm cache first, then with the cache
 dropped before every run where this machine lets us write
 /proc/sys/vm/drop_caches. Prints medians, each one's ratio to the fastest
@@ -96,6 +96,7 @@ def main():
     commands = {
         "zorvane scan": [CLI, "scan", "--json", tree],
         "zorvane scan --threads 1": [CLI, "scan", "--json", "--threads", "1", tree],
+        "zorvane scan --threads 2": [CLI, "scan", "--json", "--threads", "2", tree],
         "du": ["du", "-s", tree],
         "gdu": ["gdu", "-n", tree],
         "ncdu": ["ncdu", "-o", "/dev/null", tree],
