@@ -113,6 +113,7 @@ void CCommandScan::Scan(IScanSteps* pSteps) {
     CScanFilter filter(m_doc);
     CProgramScanSteps steps(m_options.m_bRemember);
     CScanner scanner(m_doc, &filter, pSteps ? pSteps : &steps);
+    if (m_options.m_nThreads) scanner.SetReadThreads(size_t(*m_options.m_nThreads));
     const auto start = std::chrono::steady_clock::now();
     scanner.Rescan();
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;

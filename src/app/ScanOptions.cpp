@@ -98,6 +98,11 @@ void AddScanOptions(CLI::App& command, CScanCommandOptions& options) {
                     "name only (-1: no limit)")
         ->check(CLI::Range(-1, 1 << 30));
     command.add_flag("--no-subdirs", options.m_bNoSubdirs, "List only the files of the roots");
+    command
+        .add_option("--threads", options.m_nThreads,
+                    "Threads that read directories; 1 reads them one after another on the "
+                    "scanning thread (default: a number that suits this machine)")
+        ->check(CLI::Range(1, 64));
     AddFilterOptions(command, options);
 }
 

@@ -20,6 +20,7 @@ struct CScanCommandOptions {
     std::vector<std::string> m_aRoots;  // UTF-8, as given; added to the settings file's
     std::optional<int> m_nMaxDepth;     // the settings file's, or -1, when not given
     bool m_bNoSubdirs = false;
+    std::optional<int> m_nThreads;  // the scanner's default when not given
     bool m_bJson = false;
     bool m_bList = false;
     bool m_bNullEnds = false;  // listed paths end with NUL
@@ -34,7 +35,8 @@ struct CScanCommandOptions {
     std::optional<FILETIME> m_ftModifiedAfter, m_ftModifiedBefore;
 };
 
-// Adds ROOT..., --settings, --max-depth, --no-subdirs and the filter options.
+// Adds ROOT..., --settings, --max-depth, --no-subdirs, --threads and the filter
+// options.
 void AddScanOptions(CLI::App& command, CScanCommandOptions& options);
 
 }  // namespace zv

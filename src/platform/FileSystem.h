@@ -81,7 +81,8 @@ public:
     // Open follows a final link, as a root names what the user means.
     bool Open(std::u16string_view path);
     // name may be a relative path of several components; a final link is
-    // not followed.
+    // not followed. The child is taken to be on the parent's volume: it is
+    // one the parent's listing showed as a directory, not a mount point.
     bool OpenChild(const CDirectoryReader& parent, std::u16string_view name);
 
     // The next entry, "." and ".." skipped. False at the end of the listing.
@@ -98,7 +99,8 @@ private:
     struct Impl;
 #ifndef _WIN32
     // Takes an open directory descriptor (or -1 after a failed open).
-    bool Adopt(int nFd, const std::string& strName);
+    // pDevice: the directory's device when it is known already.
+    bool Adopt(int nFd, const std::string& strName, const uint64_t* pDevice);
 #endif
     std::unique_ptr<Impl> m_pImpl;
     int m_nLastError = ERR_NONE;

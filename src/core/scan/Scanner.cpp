@@ -3,6 +3,7 @@
 #include <ctime>
 #include <new>
 #include <string_view>
+#include <vector>
 
 #include "core/document/Document.h"
 #include "core/document/SortCodes.h"
@@ -114,8 +115,10 @@ void CScanner::ScanAllRoots() {
 
     if (m_doc.m_bFilterActive) {
         auto& aDirs = scan.m_aAllDirs.Items();
-        for (size_t i = aDirs.size(); i-- > 0;)
-            if (!aDirs[i]->HasFiles()) aDirs.erase(aDirs.begin() + i);
+        // The cumulative count is the number of files in a directory's
+        // subtree: what HasFiles finds by walking it, without the walk.
+        std::erase_if(aDirs,
+                      [](const CDirectoryData* pDir) { return pDir->m_uCumulativeCount == 0; });
     }
 
     if (!aErrors.empty() && !m_doc.m_print.m_autoPrint.m_main.m_bEnabled) {
@@ -145,8 +148,13 @@ bool CScanner::GetDirectoryTimes(const std::u16string& strPath, FILETIME& ftCrea
 void CScanner::ScanRootDirectory(size_t nRootIndex, CRootDirectoryData& root) {
     m_strPath = root.m_strName.Str();
     m_aPending.clear();
+    if (m_nReadThreads > 1) m_readAhead.Start(m_nReadThreads);
     ListDirectory(1, root, root);
-    if (m_aPending.empty()) return;
+    if (m_aPending.empty()) {
+        EndReadAhead();
+        m_readAhead.Stop();
+        return;
+    }
 
     // Shown while the root's subdirectories are walked.
     CProgressDialog progress(false);
@@ -155,11 +163,17 @@ void CScanner::ScanRootDirectory(size_t nRootIndex, CRootDirectoryData& root) {
     while (!m_aPending.empty()) {
         CPendingDirectory& parent = m_aPending.back();
         if (parent.nChildrenLeft == 0 || IsStopRequested()) {
+            // Workers may be opening directories from the handle going away.
+            if (IsStopRequested()) EndReadAhead();
             m_aPending.pop_back();
             continue;
         }
         const size_t nChildren = parent.pDir->m_aChildren.GetSize();
-        CDirectoryData& child = *parent.pDir->m_aChildren[--parent.nChildrenLeft];
+        const size_t nChild = --parent.nChildrenLeft;
+        CDirectoryData& child = *parent.pDir->m_aChildren[nChild];
+        std::unique_ptr<CDirectoryListing> pListing;
+        const bool bReadAhead = parent.bReadAhead;
+        if (bReadAhead) pListing = std::move(parent.aListings[nChild]);
         m_strPath.resize(parent.nPathLength);
         AppendPathComponent(m_strPath, child.m_strName);
         if (parent.nLevel == 1) {
@@ -175,22 +189,81 @@ void CScanner::ScanRootDirectory(size_t nRootIndex, CRootDirectoryData& root) {
             progress.SetLine1(strLine1.c_str());
             progress.SetLine2(strLine2.c_str());
         }
-        ListDirectory(parent.nLevel + 1, child, root);  // may push: parent is not used after
+        // Excluded by the filter when it was queued.
+        if (bReadAhead && !pListing) continue;
+        // May push: parent is not used after.
+        ListDirectory(parent.nLevel + 1, child, root, pListing.get());
+    }
+    EndReadAhead();
+    m_readAhead.Stop();
+}
+
+void CScanner::EndReadAhead() {
+    if (!m_readAhead.IsRunning()) return;  // then no listings are held either
+    m_readAhead.Pause();
+    for (CPendingDirectory& pending : m_aPending) {
+        pending.bReadAhead = false;
+        pending.aListings.clear();
     }
 }
 
-void CScanner::ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData& root) {
+void CScanner::QueueChildren(CPendingDirectory& pending) {
+    // The nearest open handle, as OpenFromNearestHandle finds it when the
+    // walk enters each child.
+    const CPendingDirectory* pBase = nullptr;
+    for (size_t i = m_aPending.size(); i-- > 0;) {
+        if (m_aPending[i].reader.IsOpen()) {
+            pBase = &m_aPending[i];
+            break;
+        }
+    }
+    const auto& aChildren = pending.pDir->m_aChildren;
+    pending.bReadAhead = true;
+    pending.aListings.resize(aChildren.GetSize());
+    std::u16string strChild;
+    // The walk takes the children from the last: that one is queued last,
+    // on top.
+    for (size_t i = 0; i < aChildren.GetSize(); ++i) {
+        strChild.assign(m_strPath, 0, pending.nPathLength);
+        AppendPathComponent(strChild, aChildren[i]->m_strName);
+        if (m_pFilter && m_pFilter->IsDirectoryExcluded(strChild)) continue;
+        std::u16string_view relative = strChild;
+        if (pBase) {
+            relative.remove_prefix(pBase->nPathLength);
+            if (!relative.empty() && relative.front() == platform::kPathSeparator)
+                relative.remove_prefix(1);
+        }
+        pending.aListings[i] = std::make_unique<CDirectoryListing>(
+            pBase ? &pBase->reader : nullptr, std::u16string(relative),
+            !platform::kListingReadsEachEntry);
+        m_readAhead.Queue(*pending.aListings[i]);
+    }
+}
+
+void CScanner::ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData& root,
+                             CDirectoryListing* pListing) {
     const std::u16string& strPath = m_strPath;
-    if (m_pFilter && m_pFilter->IsDirectoryExcluded(strPath)) return;
+    // A listing read ahead was queued only when the filter let it be.
+    if (!pListing && m_pFilter && m_pFilter->IsDirectoryExcluded(strPath)) return;
     const bool bSkipFiles = m_pFilter && m_pFilter->SkipsFilesOf(strPath);
 
+    if (pListing) {
+        m_readAhead.Wait(*pListing);
+        // Handles ran out with workers holding some: the walk goes on alone,
+        // sparing handles as it does.
+        if (!pListing->m_bOpened && pListing->m_nError == ERR_TOO_MANY_OPEN_FILES) {
+            EndReadAhead();
+            pListing = nullptr;
+        }
+    }
     platform::CDirectoryReader reader;
-    if (!OpenDirectory(reader)) {
+    const bool bOpened = pListing ? pListing->m_bOpened : OpenDirectory(reader);
+    if (!bOpened) {
         const uint32_t uAttributes = platform::GetFileAttributes(strPath);
         if (uAttributes != ATTR_INVALID) dir.m_uAttributes = uAttributes;
         // A directory that could not be opened for want of handles is named
         // as unread too, so that it never passes for an empty one.
-        const int nError = reader.GetLastError();
+        const int nError = pListing ? pListing->m_nError : reader.GetLastError();
         if (nError == ERR_ACCESS_DENIED || nError == ERR_TOO_MANY_OPEN_FILES) {
             m_doc.m_scan.m_aProtectedDirs.push_back(strPath);
             dir.m_uFlags |= DIR_PROTECTED;
@@ -199,17 +272,27 @@ void CScanner::ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData
     }
     // The attributes of the directory as it is now; a root has only these.
     CDirEntry self;
-    if ((nLevel == 1 || !platform::kListingReadsEachEntry) && reader.GetSelf(self))
+    if (pListing) {
+        reader = std::move(pListing->m_reader);
+        if (pListing->m_uSelfAttributes != ATTR_INVALID)
+            dir.m_uAttributes = pListing->m_uSelfAttributes;
+    } else if ((nLevel == 1 || !platform::kListingReadsEachEntry) && reader.GetSelf(self)) {
         dir.m_uAttributes = self.uAttributes;
+    }
     Host().SetStatusText(u"Scanning " + strPath);
 
     const CDocumentOptions& options = m_doc.m_options;
     const double dClusterSize = root.m_dClusterSize;
     CDirEntry entry;
-    for (;;) {
+    for (size_t nNext = 0;; ++nNext) {
         PumpMessages();
         if (IsStopRequested()) break;
-        if (!reader.Next(entry)) break;
+        if (pListing) {
+            if (nNext == pListing->GetCount()) break;
+            pListing->GetEntry(nNext, entry);
+        } else if (!reader.Next(entry)) {
+            break;
+        }
         if (entry.IsDirectory()) {
             // Junctions, mount points and links are never followed.
             if (entry.uAttributes & ATTR_REPARSE_POINT) continue;
@@ -254,6 +337,7 @@ void CScanner::ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData
     if (pending.bAnchor || (nLevel < kHandleWalkLevels && !m_bSparingHandles))
         pending.reader = std::move(reader);
     m_aPending.push_back(std::move(pending));
+    if (m_readAhead.IsRunning()) QueueChildren(m_aPending.back());
 }
 
 size_t CScanner::AnchorPathLength() const {

@@ -1,14 +1,19 @@
 // The scanner turns the roots of the main document into a forest of
 // records, applying the filter set as it walks, and then drives the steps
 // that follow a scan. It runs on the user-interface thread in one call and
-// pumps the host once per directory entry. The walk keeps its own stack of
+// pumps the host once per directory entry; worker threads may read the
+// directories ahead of it (see CDirectoryReadAhead), which changes nothing
+// in what it finds or in what order. The walk keeps its own stack of
 // directories whose subdirectories are still to be entered, so the depth of
 // a tree is bounded by memory, not by the call stack.
 #pragma once
 
+#include <deque>
+#include <memory>
 #include <string>
 #include <vector>
 
+#include "core/scan/DirectoryReadAhead.h"
 #include "core/scan/ScanHooks.h"
 #include "platform/FileSystem.h"
 
@@ -22,6 +27,12 @@ public:
     // Without a filter everything is kept; without steps only the headless
     // tree building follows the walk.
     CScanner(CWZorvaneDoc& doc, IScanFilter* pFilter = nullptr, IScanSteps* pSteps = nullptr);
+
+    // Threads that read directories: 1 reads them on the scanning thread
+    // itself, more are that many workers reading ahead of it. The default
+    // suits the machine.
+    void SetReadThreads(size_t nThreads) { m_nReadThreads = nThreads; }
+    size_t GetReadThreads() const { return m_nReadThreads; }
 
     // The entry point of every scan.
     void Rescan();
@@ -42,13 +53,22 @@ private:
         size_t nChildrenLeft = 0;
         bool bAnchor = false;               // its handle stays open however many are in use
         platform::CDirectoryReader reader;  // open while children are opened from it
+        // With read-ahead: the children's listings by child index, none for
+        // a child the filter excludes.
+        bool bReadAhead = false;
+        std::vector<std::unique_ptr<CDirectoryListing>> aListings;
     };
 
     void ClearPreviousScan();
     void ScanRootDirectory(size_t nRootIndex, CRootDirectoryData& root);
     // Lists the directory named by m_strPath into dir and, when its
     // subdirectories are to be entered, pushes it onto m_aPending.
-    void ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData& root);
+    // pListing: the directory as read ahead; without it, it is read here.
+    void ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData& root,
+                       CDirectoryListing* pListing = nullptr);
+    void QueueChildren(CPendingDirectory& pending);
+    // From here on the walk reads every directory itself.
+    void EndReadAhead();
     bool OpenDirectory(platform::CDirectoryReader& reader);
     bool OpenFromNearestHandle(platform::CDirectoryReader& reader) const;
     void CloseSpareHandles();
@@ -63,8 +83,11 @@ private:
     IScanSteps* m_pSteps;
 
     std::u16string m_strPath;  // of the directory being listed
-    std::vector<CPendingDirectory> m_aPending;
+    // A deque: queued listings refer to the handles of its elements.
+    std::deque<CPendingDirectory> m_aPending;
     bool m_bSparingHandles = false;  // handles ran out once in this scan
+    size_t m_nReadThreads = CDirectoryReadAhead::DefaultThreads();
+    CDirectoryReadAhead m_readAhead;  // after m_aPending: its workers end first
 };
 
 }  // namespace zv

@@ -94,8 +94,12 @@ bool StatAt(int nDirFd, const char* pszName, bool bFollow, CStatInfo& info) {
     if (!s_bNoStatx.load(std::memory_order_relaxed)) {
         const int nFlags =
             (bFollow ? 0 : AT_SYMLINK_NOFOLLOW) | (*pszName ? 0 : AT_EMPTY_PATH) | AT_NO_AUTOMOUNT;
+        // Only the fields the mapping uses: a file system may have to work
+        // for the others (the device always comes).
+        constexpr unsigned kFields = STATX_TYPE | STATX_MODE | STATX_SIZE | STATX_ATIME |
+                                     STATX_MTIME | STATX_CTIME | STATX_BTIME;
         struct statx sx;
-        if (statx(nDirFd, pszName, nFlags, STATX_BASIC_STATS | STATX_BTIME, &sx) == 0) {
+        if (statx(nDirFd, pszName, nFlags, kFields, &sx) == 0) {
             info.uMode = sx.stx_mode;
             info.uSize = sx.stx_size;
             info.accessed = {sx.stx_atime.tv_sec, sx.stx_atime.tv_nsec};
@@ -277,10 +281,10 @@ bool CDirectoryReader::Open(std::u16string_view path) {
     }
     const std::string strName(LastComponent(strPath));
     const int nFd = open(strPath.c_str(), O_RDONLY | O_DIRECTORY | O_CLOEXEC);
-    return Adopt(nFd, strName);
+    return Adopt(nFd, strName, nullptr);
 }
 
-bool CDirectoryReader::Adopt(int nFd, const std::string& strName) {
+bool CDirectoryReader::Adopt(int nFd, const std::string& strName, const uint64_t* pDevice) {
     DIR* pDir = nFd < 0 ? nullptr : fdopendir(nFd);
     if (!pDir) {
         m_nLastError = ErrorFromErrno(errno);
@@ -293,7 +297,11 @@ bool CDirectoryReader::Adopt(int nFd, const std::string& strName) {
     pImpl->pDir = pDir;
     pImpl->strName = strName;
     CStatInfo self;
-    if (StatAt(dirfd(pDir), "", true, self)) pImpl->uDevice = self.uDevice;
+    if (pDevice) {
+        pImpl->uDevice = *pDevice;
+    } else if (StatAt(dirfd(pDir), "", true, self)) {
+        pImpl->uDevice = self.uDevice;
+    }
     m_pImpl = std::move(pImpl);
     m_nLastError = ERR_NONE;
     return true;
@@ -309,7 +317,9 @@ bool CDirectoryReader::OpenChild(const CDirectoryReader& parent, std::u16string_
     // symbolic link is not followed.
     const int nFd = openat(dirfd(parent.m_pImpl->pDir), strName.c_str(),
                            O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
-    return Adopt(nFd, strName);
+    // A child entered is never a mount point, so it is on its parent's
+    // device: one look-up per directory fewer.
+    return Adopt(nFd, strName, &parent.m_pImpl->uDevice);
 }
 
 bool CDirectoryReader::Next(CDirEntry& entry) {

@@ -1,14 +1,17 @@
 // The scanner on a generated tree, as an ordinary user: counts, roll-ups,
-// protected directories, depth limits, stopping, and very deep chains.
+// protected directories, depth limits, stopping, very deep chains, and the
+// same records whether directories are read ahead or not.
 #include <gtest/gtest.h>
 
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <sstream>
 
 #include "core/document/Document.h"
 #include "core/document/SortCodes.h"
 #include "core/host/Host.h"
+#include "core/records/SubtreeWalk.h"
 #include "core/scan/Scanner.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
@@ -16,6 +19,7 @@
 
 #ifndef _WIN32
 #include <fcntl.h>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <unistd.h>
 #endif
@@ -31,14 +35,48 @@ using U8 = std::u8string;
 
 const U8 kUnicodeDir = u8"\u00dcn\u00efc\u00f6d\u00e9 \u65e5\u672c";
 
-// A host that counts pumps and can ask the scan to stop at a given pump.
+// Threads of this process, where the system tells; -1 elsewhere.
+int ThreadCount() {
+#ifdef __linux__
+    int nCount = 0;
+    for ([[maybe_unused]] const auto& task : fs::directory_iterator("/proc/self/task")) ++nCount;
+    return nCount;
+#else
+    return -1;
+#endif
+}
+
+// A host that counts pumps, keeps every status text and can ask the scan to
+// stop at a given pump.
 class CStoppingHost : public CQuietHost {
 public:
     void PumpMessages() override {
-        if (++m_nPumps == m_nStopAt) GetMainDocument()->m_bStopRequested = 1;
+        if (++m_nPumps == m_nStopAt) {
+            GetMainDocument()->m_bStopRequested = 1;
+            m_nThreadsAtStop = ThreadCount();
+        }
+    }
+    void SetStatusText(std::u16string_view strText) override {
+        CQuietHost::SetStatusText(strText);
+        m_aStatusTexts.emplace_back(strText);
     }
     int m_nPumps = 0;
     int m_nStopAt = 0;
+    int m_nThreadsAtStop = 0;
+    std::vector<std::u16string> m_aStatusTexts;
+};
+
+// Leaves out every directory named "deeper" and the one-byte files.
+class CTestFilter : public IScanFilter {
+public:
+    bool IsActive() override { return true; }
+    bool HasDuplicateFilter() override { return false; }
+    void ResolveRelativeDates() override {}
+    bool IsDirectoryExcluded(const std::u16string& strPath) override {
+        return strPath.ends_with(u"deeper");
+    }
+    bool SkipsFilesOf(const std::u16string&) override { return false; }
+    bool AdmitsFile(CFileCandidate& candidate) override { return candidate.m_dSize != 1; }
 };
 
 // The generated tree: a.txt, "with space.bin", empty/, nested/b,
@@ -89,15 +127,43 @@ protected:
     }
 
     CRootDirectoryData& Scan(const std::function<void(CWZorvaneDoc&)>& configure = {},
-                             const fs::path& root = {}) {
+                             const fs::path& root = {}, size_t nThreads = 0,
+                             IScanFilter* pFilter = nullptr) {
         m_doc.m_scan.m_aRoots.DeleteAll();
         auto* pRoot =
             new CRootDirectoryData(Utf8ToUtf16((root.empty() ? m_temp.Path() : root).string()));
         pRoot->Prepare(m_doc.m_scan.m_aDrives);
         m_doc.m_scan.m_aRoots.Add(pRoot);
         if (configure) configure(m_doc);
-        CScanner(m_doc).Rescan();
+        CScanner scanner(m_doc, pFilter);
+        if (nThreads) scanner.SetReadThreads(nThreads);
+        m_host.m_aStatusTexts.clear();
+        scanner.Rescan();
         return *pRoot;
+    }
+
+    // Everything a scan found, in the order it was found.
+    std::vector<std::u16string> Records() const {
+        std::vector<std::u16string> aRecords = m_host.m_aStatusTexts;
+        auto Facts = [](uint32_t uAttributes, FILETIME ftCreated, FILETIME ftAccessed,
+                        FILETIME ftModified, double dSize) {
+            std::ostringstream facts;
+            for (FILETIME ft : {ftCreated, ftAccessed, ftModified})
+                facts << ' ' << ft.dwHighDateTime << ':' << ft.dwLowDateTime;
+            facts << ' ' << uAttributes << ' ' << dSize;
+            return Utf8ToUtf16(facts.str());
+        };
+        for (const CDirectoryData* pDir : m_doc.m_scan.m_aAllDirs)
+            aRecords.push_back(pDir->GetFullPath() + Facts(pDir->m_uAttributes, pDir->m_ftCreated,
+                                                           pDir->m_ftAccessed, pDir->m_ftModified,
+                                                           double(pDir->m_uFlags)));
+        for (const CFileData* pFile : m_doc.m_scan.m_aAllFiles)
+            aRecords.push_back(pFile->GetFullPath() + Facts(pFile->m_uAttributes,
+                                                            pFile->m_ftCreated, pFile->m_ftAccessed,
+                                                            pFile->m_ftModified, pFile->m_dSize));
+        for (const std::u16string& strPath : m_doc.m_scan.m_aProtectedDirs)
+            aRecords.push_back(u"protected " + strPath);
+        return aRecords;
     }
 
     static CDirectoryData* Child(CDirectoryData& dir, std::u16string_view strName) {
@@ -220,6 +286,55 @@ TEST_F(ScannerTest, NoRootsClearsTheStatus) {
     EXPECT_EQ(m_doc.m_bScanning, 0);
 }
 
+// Read ahead by any number of workers, a walk finds the same records in the
+// same order, with the same status texts and protected list, filtered or
+// not; also when its window is full (more subdirectories than it holds).
+TEST_F(ScannerTest, ReadAheadFindsTheSameRecordsInTheSameOrder) {
+    for (int i = 0; i < int(CDirectoryReadAhead::kMaxTaken) + 40; ++i) {
+        const fs::path sub = m_temp.Path() / "wide" / std::to_string(i) / "sub";
+        fs::create_directories(sub);
+        std::ofstream(sub / "f") << std::string(size_t(i % 3), 'x');
+    }
+    CTestFilter filter;
+    for (IScanFilter* pFilter :
+         {static_cast<IScanFilter*>(nullptr), static_cast<IScanFilter*>(&filter)}) {
+        for (int nMaxDepth : {-1, 3}) {
+            SCOPED_TRACE(std::string(pFilter ? "filtered" : "unfiltered") + ", depth " +
+                         std::to_string(nMaxDepth));
+            auto Depth = [nMaxDepth](CWZorvaneDoc& doc) { doc.m_options.m_nMaxDepth = nMaxDepth; };
+            Scan(Depth, {}, 1, pFilter);  // directories read once have their access times set
+            Scan(Depth, {}, 1, pFilter);
+            const std::vector<std::u16string> aExpected = Records();
+            EXPECT_GT(aExpected.size(), CDirectoryReadAhead::kMaxTaken);
+            for (size_t nThreads : {2, 5}) {
+                Scan(Depth, {}, nThreads, pFilter);
+                EXPECT_EQ(Records(), aExpected) << nThreads << " threads";
+            }
+            if (!pFilter) continue;
+            // Only directories with files in their subtree stay listed.
+            size_t nWithFiles = 0;
+            ForEachInSubtree(
+                static_cast<CDirectoryData&>(*m_doc.m_scan.m_aRoots[0]),
+                [&](const CDirectoryData& dir) { nWithFiles += dir.HasFiles() ? 1 : 0; });
+            EXPECT_EQ(m_doc.m_scan.m_aAllDirs.GetSize(), nWithFiles);
+        }
+    }
+}
+
+// A stop ends the workers with the walk, whenever it comes.
+TEST_F(ScannerTest, StopLeavesNoWorkerRunning) {
+    const int nBefore = ThreadCount();
+    if (nBefore < 0) GTEST_SKIP() << "threads cannot be counted here";
+    for (int nStopAt : {2, 6, 9}) {
+        m_host.m_nPumps = 0;
+        m_host.m_nStopAt = nStopAt;
+        Scan({}, {}, 4);
+        EXPECT_EQ(m_doc.m_bStopRequested, 1);
+        EXPECT_GT(m_host.m_nThreadsAtStop, nBefore) << "stop at " << nStopAt;
+        EXPECT_EQ(ThreadCount(), nBefore) << "stop at " << nStopAt;
+    }
+}
+
 #ifndef _WIN32
 // A chain of directories deeper than any path the system can open by name.
 TEST_F(ScannerTest, ChainDeeperThanThePathLimitIsWalked) {
@@ -236,11 +351,13 @@ TEST_F(ScannerTest, ChainDeeperThanThePathLimitIsWalked) {
     ASSERT_EQ(write(nFile, "12345", 5), 5);
     close(nFile);
 
-    CRootDirectoryData& root = Scan({}, temp.Path());
-    EXPECT_EQ(m_doc.m_scan.m_aAllDirs.GetSize(), size_t(nLevels + 1));
-    ASSERT_EQ(m_doc.m_scan.m_aAllFiles.GetSize(), 1u);
-    EXPECT_EQ(root.GetSizeWithSubdirs(), 5);
-    EXPECT_GT(m_doc.m_scan.m_aAllFiles[0]->GetFullPath().size(), 4096u);
+    for (size_t nThreads : {1, 3}) {
+        CRootDirectoryData& root = Scan({}, temp.Path(), nThreads);
+        EXPECT_EQ(m_doc.m_scan.m_aAllDirs.GetSize(), size_t(nLevels + 1));
+        ASSERT_EQ(m_doc.m_scan.m_aAllFiles.GetSize(), 1u);
+        EXPECT_EQ(root.GetSizeWithSubdirs(), 5);
+        EXPECT_GT(m_doc.m_scan.m_aAllFiles[0]->GetFullPath().size(), 4096u);
+    }
 
     // Remove the chain bottom up, relative to the handles.
     unlinkat(aFds.back(), "bottom.txt", 0);
@@ -249,6 +366,36 @@ TEST_F(ScannerTest, ChainDeeperThanThePathLimitIsWalked) {
         unlinkat(aFds[i - 1], strName.c_str(), AT_REMOVEDIR);
     }
     close(aFds[0]);
+}
+// Descriptors run out while workers hold some: nothing is lost or marked
+// unread, and the records are those of a walk that never ran short.
+TEST_F(ScannerTest, ReadAheadOutOfDescriptorsFindsEverything) {
+    if (!fs::exists("/proc/self/fd")) GTEST_SKIP() << "open descriptors cannot be counted";
+    test::CTempDir temp;
+    fs::path level = temp.Path();
+    const int nLevels = 300;  // beyond the levels that keep their handles
+    for (int i = 0; i < nLevels; ++i) {
+        fs::create_directories(level / "leaf");
+        std::ofstream(level / "leaf" / "f") << "x";
+        level /= "next";
+    }
+    fs::create_directory(level);
+    Scan({}, temp.Path(), 1);
+    Scan({}, temp.Path(), 1);
+    const std::vector<std::u16string> aExpected = Records();
+
+    rlimit saved{};
+    ASSERT_EQ(getrlimit(RLIMIT_NOFILE, &saved), 0);
+    size_t nOpen = 0;
+    for ([[maybe_unused]] const auto& fd : fs::directory_iterator("/proc/self/fd")) ++nOpen;
+    rlimit low = saved;
+    low.rlim_cur = nOpen + 12;
+    ASSERT_EQ(setrlimit(RLIMIT_NOFILE, &low), 0);
+    Scan({}, temp.Path(), 4);
+    setrlimit(RLIMIT_NOFILE, &saved);
+    EXPECT_EQ(m_doc.m_scan.m_aAllDirs.GetSize(), size_t(2 * nLevels + 1));
+    EXPECT_TRUE(m_doc.m_scan.m_aProtectedDirs.empty());
+    EXPECT_EQ(Records(), aExpected);
 }
 #endif
 
