@@ -51,7 +51,9 @@ std::optional<std::u16string> AccountNameOfSid(std::vector<BYTE>& aSid) {
 struct CDirectoryDiskInfo::Impl {
     bool bOpen = false;
     std::u16string strDirectory;
-    std::map<std::vector<BYTE>, std::optional<std::u16string>> mapOwners;
+    // Keyed by the SID's bytes as a string: a vector key makes MinGW's GCC 12
+    // warn falsely about the memcmp in its comparison.
+    std::map<std::string, std::optional<std::u16string>> mapOwners;
 };
 
 CDirectoryDiskInfo::CDirectoryDiskInfo() : m_pImpl(std::make_unique<Impl>()) {}
@@ -74,9 +76,10 @@ bool CDirectoryDiskInfo::Read(std::u16string_view name, bool bWantOwner, CFileDi
     info.uLinkCount = GetLinkCount(strPath);
     std::vector<BYTE> aSid;
     if (!bWantOwner || !ReadOwnerSid(ToWide(strPath), aSid)) return true;
-    auto it = m_pImpl->mapOwners.find(aSid);
+    const std::string strKey(aSid.begin(), aSid.end());
+    auto it = m_pImpl->mapOwners.find(strKey);
     if (it == m_pImpl->mapOwners.end())
-        it = m_pImpl->mapOwners.emplace(aSid, AccountNameOfSid(aSid)).first;
+        it = m_pImpl->mapOwners.emplace(strKey, AccountNameOfSid(aSid)).first;
     if (it->second) {
         info.bOwnerKnown = true;
         info.strOwner = *it->second;
