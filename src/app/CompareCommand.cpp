@@ -8,14 +8,13 @@
 #include "app/CheckedOutput.h"
 #include "app/CommandScan.h"
 #include "app/JsonWriter.h"
+#include "app/ResultReportOutput.h"
 #include "app/SettingsCommand.h"
 #include "compare/CompareStatus.h"
 #include "compare/DiffProgram.h"
 #include "compare/DirectoryCompare.h"
 #include "compare/FileCompare.h"
 #include "compare/FilePairCompare.h"
-#include "platform/Console.h"
-#include "platform/FileContents.h"
 #include "platform/FileSystem.h"
 #include "platform/Process.h"
 #include "platform/Text.h"
@@ -161,18 +160,8 @@ bool WriteResult(CWZorvaneDoc& doc, const CCompareOptions& options, const CCompa
         out.Write(options.m_strFormat == "json" ? FormatJson(list, show) : FormatText(list, show));
         return out.Finish();
     }
-    std::FILE* pFile = stdout;
-    if (!options.m_strOutput.empty()) {
-        std::string strError;
-        pFile = platform::OpenFileForWriting(platform::Utf8ToUtf16(options.m_strOutput), strError);
-        if (!pFile) {
-            std::fprintf(stderr, "Cannot open the file %s\n%s\n", options.m_strOutput.c_str(),
-                         strError.c_str());
-            return false;
-        }
-    } else {
-        platform::SetStdoutBinary();
-    }
+    std::FILE* pFile = OpenCommandOutput(options.m_strOutput, true);
+    if (!pFile) return false;
     CCheckedFileSink sink(pFile,
                           options.m_strOutput.empty() ? "standard output" : options.m_strOutput,
                           !options.m_strOutput.empty());

@@ -7,8 +7,7 @@
 #include "app/CheckedFileSink.h"
 #include "app/CommandScan.h"
 #include "app/ExitStatus.h"
-#include "platform/Console.h"
-#include "platform/FileContents.h"
+#include "app/ResultReportOutput.h"
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 #include "reports/MainReport.h"
@@ -87,18 +86,8 @@ int RunReportCommand(const CReportCommandOptions& options) {
                                 : options.m_bWithSubdirs ? ReportCurrentAndSubdirectories
                                                          : ReportCurrentDirectory;
 
-    std::FILE* pFile = stdout;
-    if (!options.m_strOutput.empty()) {
-        std::string strError;
-        pFile = platform::OpenFileForWriting(platform::Utf8ToUtf16(options.m_strOutput), strError);
-        if (!pFile) {
-            std::fprintf(stderr, "Cannot open the file %s\n%s\n", options.m_strOutput.c_str(),
-                         strError.c_str());
-            return kExitIncomplete;
-        }
-    } else {
-        platform::SetStdoutBinary();
-    }
+    std::FILE* pFile = OpenCommandOutput(options.m_strOutput, true);
+    if (!pFile) return kExitIncomplete;
     CCheckedFileSink sink(pFile,
                           options.m_strOutput.empty() ? "standard output" : options.m_strOutput,
                           !options.m_strOutput.empty());

@@ -25,18 +25,8 @@ EPrintType FormOf(const std::string& strFormat) {
 // line-end translation, as the reports have their own line ends.
 int WriteOutput(const std::string& strOutput, const char* pszCommand, bool bBytes,
                 const std::function<bool(CCheckedFileSink&)>& write) {
-    std::FILE* pFile = stdout;
-    if (!strOutput.empty()) {
-        std::string strError;
-        pFile = platform::OpenFileForWriting(platform::Utf8ToUtf16(strOutput), strError);
-        if (!pFile) {
-            std::fprintf(stderr, "%s: cannot open %s: %s\n", pszCommand, strOutput.c_str(),
-                         strError.c_str());
-            return kExitIncomplete;
-        }
-    } else if (bBytes) {
-        platform::SetStdoutBinary();
-    }
+    std::FILE* pFile = OpenCommandOutput(strOutput, bBytes);
+    if (!pFile) return kExitIncomplete;
     CCheckedFileSink sink(pFile, strOutput.empty() ? "standard output" : strOutput,
                           pFile != stdout);
     bool bWritten = write(sink);
@@ -49,6 +39,18 @@ int WriteOutput(const std::string& strOutput, const char* pszCommand, bool bByte
 }
 
 }  // namespace
+
+std::FILE* OpenCommandOutput(const std::string& strOutput, bool bBytes) {
+    if (strOutput.empty()) {
+        if (bBytes) platform::SetStdoutBinary();
+        return stdout;
+    }
+    std::string strError;
+    std::FILE* pFile = platform::OpenFileForWriting(platform::Utf8ToUtf16(strOutput), strError);
+    if (!pFile)
+        std::fprintf(stderr, "Cannot open the file %s\n%s\n", strOutput.c_str(), strError.c_str());
+    return pFile;
+}
 
 bool IsResultReportForm(const std::string& strFormat) {
     for (const char* pszForm : kResultReportForms)

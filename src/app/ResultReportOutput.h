@@ -3,6 +3,7 @@
 // or text the command made itself (a listing, JSON).
 #pragma once
 
+#include <cstdio>
 #include <string>
 
 #include "reports/ResultReports.h"
@@ -10,6 +11,11 @@
 namespace zv {
 
 class CWZorvaneDoc;
+
+// The file named with -o (created or emptied), or standard output when none
+// is named (switched to bytes when bBytes: reports have their own line ends).
+// Null after "Cannot open the file NAME" and the reason on stderr.
+std::FILE* OpenCommandOutput(const std::string& strOutput, bool bBytes);
 
 // The forms of --format that are result reports.
 inline constexpr const char* kResultReportForms[] = {"text", "csv", "html", "xml"};
