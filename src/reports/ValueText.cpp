@@ -159,34 +159,42 @@ void CsvAppend(std::u16string& strLine, std::u16string_view strValue) {
     AppendCsvQuoted(strLine, strValue);
 }
 
+namespace {
+
+// The four characters both markups escape; false for any other.
+bool AppendMarkupEntity(std::u16string& strOut, char16_t ch) {
+    switch (ch) {
+        case u'"':
+            strOut += u"&quot;";
+            return true;
+        case u'&':
+            strOut += u"&amp;";
+            return true;
+        case u'<':
+            strOut += u"&lt;";
+            return true;
+        case u'>':
+            strOut += u"&gt;";
+            return true;
+        default:
+            return false;
+    }
+}
+
+}  // namespace
+
 std::u16string XmlEscape(std::u16string_view strText) {
     std::u16string strOut;
     strOut.reserve(strText.size());
     for (char16_t ch : strText) {
-        switch (ch) {
-            case u'"':
-                strOut += u"&quot;";
-                break;
-            case u'&':
-                strOut += u"&amp;";
-                break;
-            case u'\'':
-                strOut += u"&apos;";
-                break;
-            case u'<':
-                strOut += u"&lt;";
-                break;
-            case u'>':
-                strOut += u"&gt;";
-                break;
-            default:
-                if (ch < 127) {
-                    strOut += ch;
-                } else {
-                    char szRef[16];
-                    std::snprintf(szRef, sizeof szRef, "&#x%X;", unsigned(ch));
-                    strOut += platform::U16(szRef);
-                }
+        if (ch >= 127) {
+            char szRef[16];
+            std::snprintf(szRef, sizeof szRef, "&#x%X;", unsigned(ch));
+            strOut += platform::U16(szRef);
+        } else if (ch == u'\'') {
+            strOut += u"&apos;";
+        } else if (!AppendMarkupEntity(strOut, ch)) {
+            strOut += ch;
         }
     }
     return strOut;
@@ -195,24 +203,8 @@ std::u16string XmlEscape(std::u16string_view strText) {
 std::u16string HtmlEscape(std::u16string_view strText) {
     std::u16string strOut;
     strOut.reserve(strText.size());
-    for (char16_t ch : strText) {
-        switch (ch) {
-            case u'"':
-                strOut += u"&quot;";
-                break;
-            case u'&':
-                strOut += u"&amp;";
-                break;
-            case u'<':
-                strOut += u"&lt;";
-                break;
-            case u'>':
-                strOut += u"&gt;";
-                break;
-            default:
-                strOut += ch;
-        }
-    }
+    for (char16_t ch : strText)
+        if (!AppendMarkupEntity(strOut, ch)) strOut += ch;
     return strOut;
 }
 
