@@ -1,10 +1,12 @@
-// The about box: the program's name and version, the "64 bit" label and, at
-// start-up, the box that silences it there.
+// The about box: the program's name and version, the "64 bit" label, buttons
+// that open the project's read-me and documentation folder and, at start-up,
+// the box that silences it there.
 #pragma once
 
 #include <wx/dialog.h>
 
 class wxCheckBox;
+class wxSizer;
 
 namespace zv {
 
@@ -16,7 +18,11 @@ public:
     // The box was ticked when the dialog closed.
     bool DontShowAgain() const;
 
+    enum { IdReadme = wxID_HIGHEST + 1, IdDocumentation };
+
 private:
+    void AddLinkButtons(wxSizer* pSizer);
+
     wxCheckBox* m_pDontShowAgain = nullptr;
 };
 

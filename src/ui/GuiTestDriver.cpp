@@ -38,6 +38,8 @@ constexpr int kMaxWaitTicks = 100;
 constexpr auto kWatchdog = std::chrono::seconds(150);
 // Slows the scan of the small test tree enough to stop it halfway.
 constexpr int kSlowPumpMicroseconds = 3000;
+// The first step of RunDupDialogStep.
+constexpr int kDupDialogSteps = 26;
 
 template <class TDialog>
 TDialog* OpenDialog() {
@@ -173,6 +175,7 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
     CTreeCtrlView& tree = main.Tree();
     CFileAttributesView& list = main.List();
     const bool bIdle = !doc.m_bScanning;
+    if (m_nStep >= kDupDialogSteps) return RunDupDialogStep(main, m_nStep - kDupDialogSteps);
     switch (m_nStep) {
         case 0: {  // The scan the settings file started, and the start-up hints.
             if (!bIdle || !doc.m_pCurrentDir || !m_bAboutSeen) return false;
@@ -385,10 +388,8 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
             return true;
         case 24:
             return CloseDialog("Set maximum directory depth", "gui-16-max-depth");
-        case 25:  // The last dialog has gone before the window closes.
-            if (FindModalDialog("Set maximum directory depth")) return false;
-            m_nLastStep = m_nStep;
-            return true;
+        case 25:
+            return !FindModalDialog("Set maximum directory depth");
         default:
             return true;
     }

@@ -3,7 +3,8 @@
 // scan, a click on a tree item, clicks on a column header, New Folder
 // renamed in place by typing, a rescan that is stopped and a full rescan,
 // Select Matching, Copy, Find and the printing options, then the about box
-// of start-up and the dialogs that set up a scan, checking what the
+// of start-up and the dialogs that set up a scan, the duplicate filters
+// with a scan through one, and the about box's links, checking what the
 // controls show and asking for a screenshot of the screen after each step. A screenshot is asked
 // for by writing NAME.request into the directory and waiting for NAME.png
 // (the test's runner takes it), so the same driver serves the Linux build
@@ -36,6 +37,9 @@ private:
     void OnTimer(wxTimerEvent& event);
     // True once the step is done and the next may start.
     bool RunStep(CZorvaneFrame& main);
+    // The duplicate filters, the options a scan asks for and the about
+    // box's links (GuiTestDialogSteps.cpp), numbered from 0.
+    bool RunDupDialogStep(CZorvaneFrame& main, int nStep);
     void Check(bool bCondition, const wxString& strWhat);
     void Screenshot(const wxString& strName);
     void ClickAt(const wxPoint& screenPoint);

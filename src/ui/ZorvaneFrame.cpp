@@ -10,6 +10,7 @@
 #include "core/scan/Scanner.h"
 #include "core/settings/SettingsFile.h"
 #include "filters/ScanFilter.h"
+#include "ui/DupFilterDlg.h"
 #include "ui/DuplicateOptionsDlg.h"
 #include "ui/FileAttributesView.h"
 #include "ui/FilterListDlg.h"
@@ -20,6 +21,7 @@
 #include "ui/SizeDateFilterDlg.h"
 #include "ui/TreeCtrlView.h"
 #include "ui/WxText.h"
+#include "ui/logic/FilterListEdit.h"
 
 namespace zv {
 
@@ -32,6 +34,14 @@ void CWindowScanSteps::BuildTree() {
 }
 
 void CWindowScanSteps::RestoreSelection() { m_tree.RestoreSelection(); }
+
+bool CWindowScanSteps::ChooseDuplicateCriteria() {
+    // A duplicate filter compares files, so the file criteria are asked for.
+    CDocumentOptions& options = m_pDocument->m_options;
+    CDuplicateOptionsDlg dialog(wxGetTopLevelParent(&m_tree), options, true);
+    dialog.ShowModal();
+    return options.m_dupFiles.Any();
+}
 
 CZorvaneFrame::CZorvaneFrame(CMainFrame* pParent, CWZorvaneDoc& doc, IScanSteps& programSteps)
     : wxMDIChildFrame(pParent, wxID_ANY, "Zorvane"),
@@ -166,6 +176,12 @@ void CZorvaneFrame::OnCommand(int nId) {
         case CmdFilterDir:
             EditFilterList(FilterDir);
             break;
+        case CmdFilterDupFiles:
+            EditFilterList(FilterDupFiles);
+            break;
+        case CmdFilterDupDirs:
+            EditFilterList(FilterDupDirs);
+            break;
         case CmdPrintOptions: {
             CPrintFlagsSheet sheet(this, m_doc);
             sheet.ShowModal();
@@ -214,7 +230,13 @@ void CZorvaneFrame::SetSizeUnit(int nUnit) {
 }
 
 void CZorvaneFrame::EditFilterList(int nList) {
-    CFilterListDlg dialog(this, m_doc, static_cast<EFilterList>(nList));
+    const auto eList = static_cast<EFilterList>(nList);
+    if (!IsPlainFilterList(eList)) {
+        CDupFilterDlg dialog(this, m_doc, eList);
+        dialog.ShowModal();
+        return;
+    }
+    CFilterListDlg dialog(this, m_doc, eList);
     dialog.ShowModal();
 }
 

@@ -26,7 +26,8 @@ public:
     void CloseResultScreens() override { m_program.CloseResultScreens(); }
     void ClearTables() override { m_program.ClearTables(); }
     void SaveRemembered() override { m_program.SaveRemembered(); }
-    bool ChooseDuplicateCriteria() override { return m_program.ChooseDuplicateCriteria(); }
+    // "Duplicate File Options", over the main window.
+    bool ChooseDuplicateCriteria() override;
     void SortTypeTable() override { m_program.SortTypeTable(); }
     void ApplyCrcList() override { m_program.ApplyCrcList(); }
     void RunAutoPrint() override { m_program.RunAutoPrint(); }

@@ -63,6 +63,8 @@ TEST(CommandTable, EnableRules) {
         {CmdFind, empty, false},
         {CmdSelectMatching, idle, true},
         {CmdLoadSettings, scanning, false},
+        {CmdFilterDupFiles, idle, true},
+        {CmdFilterDupDirs, scanning, false},
     };
     for (const auto& c : aCases)
         EXPECT_EQ(IsCommandEnabled(Command(c.m_nId), c.m_state), c.m_bEnabled) << c.m_nId;

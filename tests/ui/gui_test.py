@@ -7,7 +7,8 @@ scans a generated tree named by a settings file, clicks a tree item and a
 column header with the toolkit's UI action simulator, makes a New Folder and
 types its new name, stops a rescan and rescans, then selects by a pattern,
 copies the selection to the clipboard, finds a file, sets the printing options
-and opens the about box and the dialogs that set up a scan; it writes
+and opens the about box and the dialogs that set up a scan, sets a duplicate
+files filter and scans through it, and shows the about box's links; it writes
 NAME.request when it wants a screenshot, and this script
 takes it with ImageMagick's `import`. A second run checks the unattended
 mode: a settings file with "Exit program after printing" ends with status 0
@@ -124,7 +125,10 @@ def main(argv):
             "gui-7-stopped", "gui-8-rescanned", "gui-9-select-matching",
             "gui-10-matching-selected", "gui-11-find", "gui-12-found",
             "gui-13-printing-options", "gui-0-about", "gui-14-duplicate-options",
-            "gui-15-size-date-filters", "gui-16-max-depth"]
+            "gui-15-size-date-filters", "gui-16-max-depth",
+            "gui-20-duplicate-files-filter", "gui-21-duplicate-file-options",
+            "gui-22-duplicate-filter-scanned", "gui-23-duplicate-directories-filter",
+            "gui-24-about-links"]
         for name in expected:
             if not os.path.exists(os.path.join(out_dir, name + ".png")):
                 print("FAILED: no screenshot", name)

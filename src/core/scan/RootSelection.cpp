@@ -14,14 +14,6 @@ namespace {
 
 bool IsSeparator(char16_t ch) { return ch == u'\\' || ch == platform::kPathSeparator; }
 
-// A drive root ("C:\") and the file system root ("/") keep theirs, which
-// they need to name the same directory.
-std::u16string_view WithoutTrailingSeparator(std::u16string_view strPath) {
-    if (strPath.size() > 1 && IsSeparator(strPath.back()) && strPath[strPath.size() - 2] != u':')
-        strPath.remove_suffix(1);
-    return strPath;
-}
-
 std::u16string_view TrimBlanks(std::u16string_view strText) {
     while (!strText.empty() && (strText.front() == u' ' || strText.front() == u'\t'))
         strText.remove_prefix(1);
@@ -38,6 +30,14 @@ std::vector<size_t> Descending(std::vector<size_t> aIndexes) {
 }
 
 }  // namespace
+
+// A drive root ("C:\") and the file system root ("/") keep theirs, which
+// they need to name the same directory.
+std::u16string_view WithoutTrailingSeparator(std::u16string_view strPath) {
+    if (strPath.size() > 1 && IsSeparator(strPath.back()) && strPath[strPath.size() - 2] != u':')
+        strPath.remove_suffix(1);
+    return strPath;
+}
 
 CRootSelection::CRootSelection(CWZorvaneDoc& doc) : m_doc(doc) {
     ReadList(kRootDirList, m_aPrevious);

@@ -13,6 +13,9 @@ namespace zv {
 class CWZorvaneDoc;
 class CRootDirectoryData;
 
+// A directory path as typed or browsed, without a trailing separator.
+std::u16string_view WithoutTrailingSeparator(std::u16string_view strPath);
+
 class CRootSelection {
 public:
     // Reads the previous choices.

@@ -50,8 +50,8 @@ constexpr CCommandEntry kCommands[] = {
     {u"F&ilters", CmdFilterOwnersExclude, u"File Owner Exclude Filter...", RuleIdle},
     {u"F&ilters", CmdFilterDirExclude, u"Directory Exclude Filter...", RuleIdle},
     {u"F&ilters", CmdFilterDir, u"Directory Filter...", RuleIdle},
-    {u"F&ilters", CmdFilterDupFiles, u"Duplicate Files Filter...", RuleNotBuilt},
-    {u"F&ilters", CmdFilterDupDirs, u"Duplicate Directories Filter...", RuleNotBuilt},
+    {u"F&ilters", CmdFilterDupFiles, u"Duplicate Files Filter...", RuleIdle},
+    {u"F&ilters", CmdFilterDupDirs, u"Duplicate Directories Filter...", RuleIdle},
     {u"F&ilters", CmdFilterSizeDate, u"Size and Date Filters...", RuleIdle},
 
     {u"&Directory", CmdSelectRoots, u"&Select starting directory...", RuleIdle},
