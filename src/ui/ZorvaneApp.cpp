@@ -7,10 +7,10 @@
 #include <cstdio>
 
 #include "core/document/Document.h"
-#include "core/settings/DocumentStartup.h"
 #include "core/state/Hints.h"
 #include "ui/AboutDlg.h"
 #include "ui/DesktopProgram.h"
+#include "ui/DocTemplates.h"
 #include "ui/GuiTestDriver.h"
 #include "ui/MainFrame.h"
 #include "ui/WindowHost.h"
@@ -33,7 +33,17 @@ bool CZorvaneApp::OnInit() {
     if (argc > 1) m_strSettingsFile = FromWx(argv[1]);
     wxInitAllImageHandlers();
 
-    m_pFrame = new CMainFrame;
+    m_pDoc = std::make_unique<CWZorvaneDoc>();
+    SetMainDocument(m_pDoc.get());
+    m_pDocManager = std::make_unique<wxDocManager>();
+    RegisterDocTemplates(*m_pDocManager);
+
+    m_pFrame = new CMainFrame(m_pDocManager.get());
+    if (!m_pFrame->CreateBars()) {
+        m_pFrame->Destroy();
+        m_pFrame = nullptr;
+        return false;
+    }
     SetTopWindow(m_pFrame);
     m_pHost = std::make_unique<CWindowHost>(m_pFrame);
     SetHost(m_pHost.get());
@@ -58,16 +68,16 @@ bool CZorvaneApp::OnInit() {
     m_pFrame->Update();
 
     // ShowDocument("ZORVANE"): the document opens with the settings file,
-    // and its view starts the first scan when it was read. With "Exit
-    // program after printing" the process ends inside this step.
+    // and its file list view starts the first scan when it was read. With
+    // "Exit program after printing" the process ends inside this step.
     // It runs once the event loop does, so that the main window is drawn
     // before a scan starts.
-    m_pDoc = std::make_unique<CWZorvaneDoc>();
-    SetMainDocument(m_pDoc.get());
     CallAfter([this] {
-        OpenMainDocument(*m_pDoc, m_strSettingsFile);
         if (m_pTestDriver) m_pTestDriver->Start();
-        m_pFrame->ShowMainDocument(*m_pDoc, *s_pProgramSteps);
+        if (!ShowDocument(*m_pDocManager, "ZORVANE")) {
+            m_pFrame->Close(true);
+            return;
+        }
         ShowStartupHints([this] {
             CAboutDlg dialog(m_pFrame, true);
             dialog.ShowModal();
@@ -84,6 +94,8 @@ int CZorvaneApp::OnRun() {
 
 int CZorvaneApp::OnExit() {
     m_pTestDriver.reset();
+    // Closes what the main window's closing left open.
+    m_pDocManager.reset();
     SetMainDocument(nullptr);
     SetHost(nullptr);
     m_pDoc.reset();

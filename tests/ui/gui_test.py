@@ -124,7 +124,7 @@ def main(argv):
             "gui-7-stopped", "gui-8-rescanned", "gui-9-select-matching",
             "gui-10-matching-selected", "gui-11-find", "gui-12-found",
             "gui-13-printing-options", "gui-0-about", "gui-14-duplicate-options",
-            "gui-15-size-date-filters", "gui-16-max-depth"]
+            "gui-15-size-date-filters", "gui-16-max-depth", "gui-17-all-folders-open"]
         for name in expected:
             if not os.path.exists(os.path.join(out_dir, name + ".png")):
                 print("FAILED: no screenshot", name)
