@@ -30,10 +30,12 @@ namespace {
 constexpr int kFirstMenuId = MenuId(32700);
 constexpr int kLastMenuId = MenuId(CmdLastOwn);
 
-// 13 points, normal weight, "Arial Unicode MS" where the system has it.
+// 13 points, normal weight, "Arial Unicode MS" where the system has it,
+// else the controls' own font (Wine has no face for the stock system font,
+// and the toolkit asserts on it).
 wxFont FieldFont() {
     if (!wxFontEnumerator::IsValidFacename("Arial Unicode MS"))
-        return wxSystemSettings::GetFont(wxSYS_SYSTEM_FONT);
+        return wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT);
     return wxFont(wxFontInfo(13).FaceName("Arial Unicode MS"));
 }
 

@@ -32,6 +32,17 @@ bool CZorvaneApp::OnInit() {
     // settings file, and nothing else has an effect.
     if (argc > 1) m_strSettingsFile = FromWx(argv[1]);
     wxInitAllImageHandlers();
+    wxString strTestDir;
+    const bool bTest = wxGetEnv("ZORVANE_GUI_TEST", &strTestDir) && !strTestDir.empty();
+    if (bTest) {
+        // A failed assertion is reported, never a box that waits.
+        wxSetAssertHandler([](const wxString& strFile, int nLine, const wxString& strFunction,
+                              const wxString& strCondition, const wxString& strMessage) {
+            const wxString strText = wxString::Format("assertion %s:%d %s: %s %s\n", strFile, nLine,
+                                                      strFunction, strCondition, strMessage);
+            std::fputs(strText.utf8_str(), stderr);
+        });
+    }
 
     m_pDoc = std::make_unique<CWZorvaneDoc>();
     SetMainDocument(m_pDoc.get());
@@ -48,15 +59,7 @@ bool CZorvaneApp::OnInit() {
     m_pHost = std::make_unique<CWindowHost>(m_pFrame);
     SetHost(m_pHost.get());
 
-    wxString strTestDir;
-    if (wxGetEnv("ZORVANE_GUI_TEST", &strTestDir) && !strTestDir.empty()) {
-        // A failed assertion is reported, never a box that waits.
-        wxSetAssertHandler([](const wxString& strFile, int nLine, const wxString& strFunction,
-                              const wxString& strCondition, const wxString& strMessage) {
-            const wxString strText = wxString::Format("assertion %s:%d %s: %s %s\n", strFile, nLine,
-                                                      strFunction, strCondition, strMessage);
-            std::fputs(strText.utf8_str(), stderr);
-        });
+    if (bTest) {
         m_pHost->m_bMessagesToStatus = true;
         m_pTestDriver = std::make_unique<CGuiTestDriver>(*this, *m_pFrame, *m_pHost, strTestDir);
     }
