@@ -185,11 +185,11 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
             Check(m_nFullFileCount > 0, "the scan found files");
             Check(list.GetItemCount() > 0, "the file list shows the root's entries");
             Check(!m_frame.StatusField()->GetValue().empty(), "the status field shows the path");
-            Check(m_frame.FileCountField()->IsShown() &&
-                      m_frame.FileCountField()->GetValue() ==
-                          ToWx(FormatNumber(static_cast<double>(m_nFullFileCount))),
-                  "the directory toolbar counts the files: " +
-                      m_frame.FileCountField()->GetValue());
+            Check(
+                m_frame.FileCountField()->IsShown() &&
+                    m_frame.FileCountField()->GetValue() ==
+                        ToWx(FormatNumber(static_cast<double>(m_nFullFileCount))),
+                "the directory toolbar counts the files: " + m_frame.FileCountField()->GetValue());
             Check(std::ranges::equal(m_frame.ToolbarCommands(), MainViewToolbarCommands()) &&
                       m_frame.GetToolBar()->GetToolsCount() == MainViewToolbarCommands().size(),
                   "the active view loaded its toolbar buttons");

@@ -156,8 +156,8 @@ bool CMainFrame::BuildDirectoryBar() {
     // A row under the standard toolbar; the frame's sizer gives the rest of
     // the window to the documents' frames.
     m_pDirectoryBar = new wxPanel;
-    if (!m_pDirectoryBar->Create(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
-                                 wxTAB_TRAVERSAL, "Current directory")) {
+    if (!m_pDirectoryBar->Create(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL,
+                                 "Current directory")) {
         wxLogError("Failed to create toolbar");
         return false;
     }
@@ -175,8 +175,8 @@ bool CMainFrame::BuildDirectoryBar() {
         return false;
     }
     m_pStatusField = new wxTextCtrl;
-    if (!m_pStatusField->Create(m_pDirectoryBar, wxID_ANY, "", wxDefaultPosition,
-                                wxSize(2000, -1), nStyle)) {
+    if (!m_pStatusField->Create(m_pDirectoryBar, wxID_ANY, "", wxDefaultPosition, wxSize(2000, -1),
+                                nStyle)) {
         wxLogError("Failed to create directory toolbar static\n");
         return false;
     }

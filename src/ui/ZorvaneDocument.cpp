@@ -23,8 +23,8 @@ bool CZorvaneDocument::OnCreate(const wxString&, long) {
     pTree->SetDocument(this);
     auto* pList = new CListPaneView;
     pList->SetDocument(this);
-    auto* pFrame = new CZorvaneFrame(*this, *pTree, *pList, App().MainFrame(),
-                                     *CZorvaneApp::s_pProgramSteps);
+    auto* pFrame =
+        new CZorvaneFrame(*this, *pTree, *pList, App().MainFrame(), *CZorvaneApp::s_pProgramSteps);
     pFrame->Show();
     pFrame->Maximize();
     return true;

@@ -36,8 +36,7 @@ void CWindowScanSteps::BuildTree() {
 void CWindowScanSteps::RestoreSelection() { m_tree.RestoreSelection(); }
 
 CZorvaneFrame::CZorvaneFrame(CZorvaneDocument& document, CTreePaneView& treeView,
-                             CListPaneView& listView, CMainFrame* pParent,
-                             IScanSteps& programSteps)
+                             CListPaneView& listView, CMainFrame* pParent, IScanSteps& programSteps)
     : wxDocMDIChildFrame(&document, &listView, pParent, wxID_ANY, "Zorvane"),
       m_pMainFrame(pParent),
       m_document(document),

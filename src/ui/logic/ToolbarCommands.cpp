@@ -6,8 +6,8 @@ namespace zv {
 
 std::span<const int> MainViewToolbarCommands() {
     static const int anCommands[] = {
-        CmdSelectRoots,     CmdSave,      CmdRescan,        CmdDisplayParent, CmdOpenAllFolders,
-        CmdCloseAllFolders, CmdFind,      CmdPrint,         CmdDeleteRecycle, CmdComputeCrc,
+        CmdSelectRoots,     CmdSave,        CmdRescan, CmdDisplayParent, CmdOpenAllFolders,
+        CmdCloseAllFolders, CmdFind,        CmdPrint,  CmdDeleteRecycle, CmdComputeCrc,
         CmdViewOwner,       CmdViewVersion, CmdStop,
     };
     return anCommands;
