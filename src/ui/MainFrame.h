@@ -45,7 +45,6 @@ public:
 
     wxTextCtrl* StatusField() const { return m_pStatusField; }
     wxTextCtrl* FileCountField() const { return m_pFileCount; }
-    wxPanel* DirectoryBar() const { return m_pDirectoryBar; }
     const std::vector<int>& ToolbarCommands() const { return m_anToolbar; }
 
 private:
