@@ -8,12 +8,15 @@
 #include <wx/filename.h>
 #include <wx/textctrl.h>
 #include <wx/textdlg.h>
+#include <wx/toolbar.h>
 #include <wx/uiaction.h>
 #include <wx/utils.h>
 
+#include <algorithm>
 #include <cstdio>
 
 #include "core/document/Document.h"
+#include "core/document/SizeText.h"
 #include "core/records/DirectoryData.h"
 #include "core/records/FileData.h"
 #include "platform/FileSystem.h"
@@ -28,6 +31,7 @@
 #include "ui/ZorvaneApp.h"
 #include "ui/ZorvaneFrame.h"
 #include "ui/logic/CommandTable.h"
+#include "ui/logic/ToolbarCommands.h"
 
 namespace zv {
 
@@ -39,7 +43,7 @@ constexpr auto kWatchdog = std::chrono::seconds(150);
 // Slows the scan of the small test tree enough to stop it halfway.
 constexpr int kSlowPumpMicroseconds = 3000;
 // The first step of RunDupDialogStep.
-constexpr int kDupDialogSteps = 26;
+constexpr int kDupDialogSteps = 27;
 
 template <class TDialog>
 TDialog* OpenDialog() {
@@ -184,6 +188,14 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
             Check(m_nFullFileCount > 0, "the scan found files");
             Check(list.GetItemCount() > 0, "the file list shows the root's entries");
             Check(!m_frame.StatusField()->GetValue().empty(), "the status field shows the path");
+            Check(
+                m_frame.FileCountField()->IsShown() &&
+                    m_frame.FileCountField()->GetValue() ==
+                        ToWx(FormatNumber(static_cast<double>(m_nFullFileCount))),
+                "the directory toolbar counts the files: " + m_frame.FileCountField()->GetValue());
+            Check(std::ranges::equal(m_frame.ToolbarCommands(), MainViewToolbarCommands()) &&
+                      m_frame.GetToolBar()->GetToolsCount() == MainViewToolbarCommands().size(),
+                  "the active view loaded its toolbar buttons");
             Check(SortArrowText(list) == "2 descending",
                   "the default sort's arrow stands on \"Size wSub\": " + SortArrowText(list));
             Screenshot("gui-1-scanned");
@@ -388,8 +400,19 @@ bool CGuiTestDriver::RunStep(CZorvaneFrame& main) {
             return true;
         case 24:
             return CloseDialog("Set maximum directory depth", "gui-16-max-depth");
-        case 25:
-            return !FindModalDialog("Set maximum directory depth");
+        case 25:  // The toolbar's command reaches the tree through the document.
+            if (FindModalDialog("Set maximum directory depth")) return false;
+            PostCommand(CmdOpenAllFolders);
+            return true;
+        case 26: {
+            wxTreeItemIdValue cookie;
+            const wxTreeItemId root = tree.GetFirstChild(tree.GetRootItem(), cookie);
+            const wxTreeItemId child = root.IsOk() ? tree.GetFirstChild(root, cookie) : root;
+            if (!child.IsOk() || !tree.IsExpanded(child)) return false;
+            Check(true, "\"Open all directory folders\" opened the subdirectories");
+            Screenshot("gui-17-all-folders-open");
+            return true;
+        }
         default:
             return true;
     }

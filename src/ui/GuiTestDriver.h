@@ -3,13 +3,14 @@
 // scan, a click on a tree item, clicks on a column header, New Folder
 // renamed in place by typing, a rescan that is stopped and a full rescan,
 // Select Matching, Copy, Find and the printing options, then the about box
-// of start-up and the dialogs that set up a scan, the duplicate filters
-// with a scan through one, and the about box's links, checking what the
-// controls show and asking for a screenshot of the screen after each step. A screenshot is asked
-// for by writing NAME.request into the directory and waiting for NAME.png
-// (the test's runner takes it), so the same driver serves the Linux build
-// and the Windows build under Wine. ZORVANE_GUI_TEST_STEPS=1 stops after
-// the first scan. The run ends with status 0 when every check held.
+// of start-up, the dialogs that set up a scan, "Open all directory
+// folders", the duplicate filters with a scan through one, and the about
+// box's links, checking what the controls show and asking for a screenshot
+// of the screen after each step. A screenshot is asked for by writing
+// NAME.request into the directory and waiting for NAME.png (the test's
+// runner takes it), so the same driver serves the Linux build and the
+// Windows build under Wine. ZORVANE_GUI_TEST_STEPS=1 stops after the first
+// scan. The run ends with status 0 when every check held.
 #pragma once
 
 #include <wx/event.h>

@@ -1,11 +1,17 @@
 #include "ui/MainFrame.h"
 
 #include <wx/artprov.h>
+#include <wx/fontenum.h>
+#include <wx/log.h>
 #include <wx/menu.h>
+#include <wx/panel.h>
+#include <wx/settings.h>
+#include <wx/sizer.h>
 #include <wx/statusbr.h>
 #include <wx/textctrl.h>
 #include <wx/toolbar.h>
 
+#include <algorithm>
 #include <map>
 
 #include "core/document/SizeText.h"
@@ -15,6 +21,7 @@
 #include "ui/WxText.h"
 #include "ui/ZorvaneFrame.h"
 #include "ui/logic/CommandTable.h"
+#include "ui/logic/ToolbarCommands.h"
 
 namespace zv {
 
@@ -23,18 +30,97 @@ namespace {
 constexpr int kFirstMenuId = MenuId(32700);
 constexpr int kLastMenuId = MenuId(CmdLastOwn);
 
+// 13 points, normal weight, "Arial Unicode MS" where the system has it,
+// else the controls' own font (Wine has no face for the stock system font,
+// and the toolkit asserts on it).
+wxFont FieldFont() {
+    if (!wxFontEnumerator::IsValidFacename("Arial Unicode MS"))
+        return wxSystemSettings::GetFont(wxSYS_DEFAULT_GUI_FONT);
+    return wxFont(wxFontInfo(13).FaceName("Arial Unicode MS"));
+}
+
+void AddToolButton(wxToolBar& bar, int nCommand) {
+    const wxSize size(16, 16);
+    auto art = [&](const wxArtID& id) { return wxArtProvider::GetBitmap(id, wxART_TOOLBAR, size); };
+    const int nId = MenuId(nCommand);
+    switch (nCommand) {
+        case CmdSelectRoots:
+            bar.AddTool(nId, "Select", art(wxART_FOLDER_OPEN), "Select starting directory");
+            break;
+        case CmdSave:
+            bar.AddTool(nId, "Save", art(wxART_FILE_SAVE), "Save");
+            break;
+        case CmdRescan:
+            bar.AddTool(nId, "Rescan", art(wxART_REDO), "Rescan starting directory");
+            break;
+        case CmdDisplayParent:
+            bar.AddTool(nId, "Parent", art(wxART_GO_DIR_UP), "Display parent directory");
+            break;
+        case CmdOpenAllFolders:
+            bar.AddTool(nId, "Open all", art(wxART_PLUS), "Open all directory folders");
+            break;
+        case CmdCloseAllFolders:
+            bar.AddTool(nId, "Close all", art(wxART_MINUS), "Close all directory folders");
+            break;
+        case CmdFind:
+            bar.AddTool(nId, "Find", art(wxART_FIND), "Find");
+            break;
+        case CmdPrint:
+            bar.AddTool(nId, "Print", art(wxART_PRINT), "Print");
+            break;
+        case CmdDeleteRecycle:
+            bar.AddTool(nId, "Delete", art(wxART_DELETE), "Delete (to recycle bin)");
+            break;
+        case CmdComputeCrc:
+            bar.AddTool(nId, "CRC", LabelButton("C", wxColour(40, 120, 60)), "Compute CRC");
+            break;
+        case CmdViewOwner:
+            bar.AddTool(nId, "Owner", LabelButton("O", wxColour(60, 80, 160)), "View Owner");
+            break;
+        case CmdViewVersion:
+            bar.AddTool(nId, "Version", LabelButton("V", wxColour(130, 70, 150)), "View Version");
+            break;
+        case CmdStop:
+            bar.AddTool(nId, "Stop", StopButton(), "Stop");
+            break;
+        default: {
+            const CCommandEntry* pEntry = FindCommand(nCommand);
+            const wxString strText = pEntry ? ToWx(pEntry->m_pszText) : wxString();
+            bar.AddTool(nId, strText, LabelButton(strText.Left(1), wxColour(90, 90, 90)), strText);
+        }
+    }
+}
+
 }  // namespace
 
-CMainFrame::CMainFrame()
-    : wxMDIParentFrame(nullptr, wxID_ANY, "Zorvane", wxDefaultPosition, wxSize(1100, 700),
-                       wxDEFAULT_FRAME_STYLE | wxFRAME_NO_WINDOW_MENU) {
+CMainFrame::CMainFrame(wxDocManager* pManager)
+    : wxDocMDIParentFrame(pManager, nullptr, wxID_ANY, "Zorvane", wxDefaultPosition,
+                          wxSize(1100, 700), wxDEFAULT_FRAME_STYLE | wxFRAME_NO_WINDOW_MENU) {
+    Bind(wxEVT_MENU, &CMainFrame::OnCommand, this, kFirstMenuId, kLastMenuId);
+    Bind(wxEVT_UPDATE_UI, &CMainFrame::OnUpdateCommand, this, kFirstMenuId, kLastMenuId);
+}
+
+bool CMainFrame::CreateBars() {
     BuildMenus();
-    BuildToolbar();
+    if (!CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT)) {
+        wxLogError("Failed to create toolbar");
+        return false;
+    }
+    SetToolbar(MainViewToolbarCommands());
+    if (!BuildDirectoryBar()) return false;
     CreateStatusBar(PaneCount);
     const int aWidths[PaneCount] = {-1, 230, 170, 170, 200};
     GetStatusBar()->SetStatusWidths(PaneCount, aWidths);
-    Bind(wxEVT_MENU, &CMainFrame::OnCommand, this, kFirstMenuId, kLastMenuId);
-    Bind(wxEVT_UPDATE_UI, &CMainFrame::OnUpdateCommand, this, kFirstMenuId, kLastMenuId);
+    return true;
+}
+
+void CMainFrame::SetToolbar(std::span<const int> anCommands) {
+    wxToolBar* pBar = GetToolBar();
+    if (!pBar || std::ranges::equal(anCommands, m_anToolbar)) return;
+    m_anToolbar.assign(anCommands.begin(), anCommands.end());
+    pBar->ClearTools();
+    for (int nCommand : anCommands) AddToolButton(*pBar, nCommand);
+    pBar->Realize();
 }
 
 void CMainFrame::BuildMenus() {
@@ -66,43 +152,59 @@ void CMainFrame::BuildMenus() {
     SetMenuBar(pBar);
 }
 
-void CMainFrame::BuildToolbar() {
-    wxToolBar* pBar = CreateToolBar(wxTB_HORIZONTAL | wxTB_FLAT);
-    const wxSize size(16, 16);
-    auto art = [&](const wxArtID& id) { return wxArtProvider::GetBitmap(id, wxART_TOOLBAR, size); };
-    // The tree view's list, in its order.
-    pBar->AddTool(MenuId(CmdSelectRoots), "Select", art(wxART_FOLDER_OPEN),
-                  "Select starting directory");
-    pBar->AddTool(MenuId(CmdSave), "Save", art(wxART_FILE_SAVE), "Save");
-    pBar->AddTool(MenuId(CmdRescan), "Rescan", art(wxART_REDO), "Rescan starting directory");
-    pBar->AddTool(MenuId(CmdDisplayParent), "Parent", art(wxART_GO_DIR_UP),
-                  "Display parent directory");
-    pBar->AddTool(MenuId(CmdOpenAllFolders), "Open all", art(wxART_PLUS),
-                  "Open all directory folders");
-    pBar->AddTool(MenuId(CmdCloseAllFolders), "Close all", art(wxART_MINUS),
-                  "Close all directory folders");
-    pBar->AddTool(MenuId(CmdFind), "Find", art(wxART_FIND), "Find");
-    pBar->AddTool(MenuId(CmdPrint), "Print", art(wxART_PRINT), "Print");
-    pBar->AddTool(MenuId(CmdDeleteRecycle), "Delete", art(wxART_DELETE), "Delete (to recycle bin)");
-    pBar->AddTool(MenuId(CmdComputeCrc), "CRC", LabelButton("C", wxColour(40, 120, 60)),
-                  "Compute CRC");
-    pBar->AddTool(MenuId(CmdViewOwner), "Owner", LabelButton("O", wxColour(60, 80, 160)),
-                  "View Owner");
-    pBar->AddTool(MenuId(CmdViewVersion), "Version", LabelButton("V", wxColour(130, 70, 150)),
-                  "View Version");
-    pBar->AddTool(MenuId(CmdStop), "Stop", StopButton(), "Stop");
-    pBar->AddSeparator();
-    // The directory toolbar's three fields ("Current directory").
+bool CMainFrame::BuildDirectoryBar() {
+    // A row under the standard toolbar; the frame's sizer gives the rest of
+    // the window to the documents' frames.
+    m_pDirectoryBar = new wxPanel;
+    if (!m_pDirectoryBar->Create(this, wxID_ANY, wxDefaultPosition, wxDefaultSize, wxTAB_TRAVERSAL,
+                                 "Current directory")) {
+        wxLogError("Failed to create toolbar");
+        return false;
+    }
     const long nStyle = wxTE_READONLY;
-    m_pFileCountLabel = new wxTextCtrl(pBar, wxID_ANY, "# Files:", wxDefaultPosition,
-                                       wxSize(80, -1), nStyle | wxBORDER_NONE);
-    m_pFileCount =
-        new wxTextCtrl(pBar, wxID_ANY, "", wxDefaultPosition, wxSize(80, -1), nStyle | wxTE_RIGHT);
-    m_pStatusField = new wxTextCtrl(pBar, wxID_ANY, "", wxDefaultPosition, wxSize(520, -1), nStyle);
-    pBar->AddControl(m_pFileCountLabel);
-    pBar->AddControl(m_pFileCount);
-    pBar->AddControl(m_pStatusField);
-    pBar->Realize();
+    m_pFileCountLabel = new wxTextCtrl;
+    if (!m_pFileCountLabel->Create(m_pDirectoryBar, wxID_ANY, "# Files:", wxDefaultPosition,
+                                   wxSize(80, -1), nStyle | wxBORDER_NONE)) {
+        wxLogError("Failed to create directory toolbar file count static\n");
+        return false;
+    }
+    m_pFileCount = new wxTextCtrl;
+    if (!m_pFileCount->Create(m_pDirectoryBar, wxID_ANY, "", wxDefaultPosition, wxSize(80, -1),
+                              nStyle | wxTE_RIGHT)) {
+        wxLogError("Failed to create directory toolbar file count edit\n");
+        return false;
+    }
+    m_pStatusField = new wxTextCtrl;
+    if (!m_pStatusField->Create(m_pDirectoryBar, wxID_ANY, "", wxDefaultPosition, wxSize(2000, -1),
+                                nStyle)) {
+        wxLogError("Failed to create directory toolbar static\n");
+        return false;
+    }
+    // The status field takes what the bar has left; its text scrolls.
+    m_pStatusField->SetMinSize(wxSize(200, -1));
+    auto* pRow = new wxBoxSizer(wxHORIZONTAL);
+    pRow->Add(m_pFileCountLabel, 0, wxALIGN_CENTER_VERTICAL | wxLEFT, 4);
+    pRow->Add(m_pFileCount, 0, wxALIGN_CENTER_VERTICAL | wxALL, 2);
+    pRow->Add(m_pStatusField, 1, wxALIGN_CENTER_VERTICAL | wxALL, 2);
+    m_pDirectoryBar->SetSizer(pRow);
+    SetFieldFont(FieldFont());
+
+    auto* pColumn = new wxBoxSizer(wxVERTICAL);
+    pColumn->Add(m_pDirectoryBar, 0, wxEXPAND);
+    pColumn->Add(GetClientWindow(), 1, wxEXPAND);
+    SetSizer(pColumn);
+    return true;
+}
+
+void CMainFrame::SetFieldFont(const wxFont& font) {
+    for (wxTextCtrl* pField : {m_pFileCountLabel, m_pFileCount, m_pStatusField}) {
+        pField->SetFont(font);
+        // The fields' heights follow the font.
+        pField->SetInitialSize(wxSize(pField->GetSize().x, -1));
+    }
+    m_pStatusField->SetMinSize(wxSize(200, -1));
+    m_pDirectoryBar->Layout();
+    Layout();
 }
 
 void CMainFrame::SetStatusField(std::u16string_view strText) {
@@ -117,22 +219,11 @@ void CMainFrame::SetFileCount(size_t nFiles) {
 void CMainFrame::ShowFileCount(bool bShow) {
     m_pFileCountLabel->Show(bShow);
     m_pFileCount->Show(bShow);
+    m_pDirectoryBar->Layout();
 }
 
 void CMainFrame::SetPane(EStatusPane ePane, std::u16string_view strText) {
     if (GetStatusBar()) GetStatusBar()->SetStatusText(ToWx(strText), ePane);
-}
-
-CZorvaneFrame* CMainFrame::ShowMainDocument(CWZorvaneDoc& doc, IScanSteps& programSteps) {
-    if (m_pMain) {
-        m_pMain->Activate();
-        return m_pMain;
-    }
-    m_pMain = new CZorvaneFrame(this, doc, programSteps);
-    m_pMain->Show();
-    m_pMain->Maximize();
-    m_pMain->OnInitialUpdate();
-    return m_pMain;
 }
 
 void CMainFrame::OnCommand(wxCommandEvent& event) {

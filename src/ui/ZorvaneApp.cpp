@@ -7,10 +7,10 @@
 #include <cstdio>
 
 #include "core/document/Document.h"
-#include "core/settings/DocumentStartup.h"
 #include "core/state/Hints.h"
 #include "ui/AboutDlg.h"
 #include "ui/DesktopProgram.h"
+#include "ui/DocTemplates.h"
 #include "ui/GuiTestDriver.h"
 #include "ui/MainFrame.h"
 #include "ui/WindowHost.h"
@@ -32,14 +32,9 @@ bool CZorvaneApp::OnInit() {
     // settings file, and nothing else has an effect.
     if (argc > 1) m_strSettingsFile = FromWx(argv[1]);
     wxInitAllImageHandlers();
-
-    m_pFrame = new CMainFrame;
-    SetTopWindow(m_pFrame);
-    m_pHost = std::make_unique<CWindowHost>(m_pFrame);
-    SetHost(m_pHost.get());
-
     wxString strTestDir;
-    if (wxGetEnv("ZORVANE_GUI_TEST", &strTestDir) && !strTestDir.empty()) {
+    const bool bTest = wxGetEnv("ZORVANE_GUI_TEST", &strTestDir) && !strTestDir.empty();
+    if (bTest) {
         // A failed assertion is reported, never a box that waits.
         wxSetAssertHandler([](const wxString& strFile, int nLine, const wxString& strFunction,
                               const wxString& strCondition, const wxString& strMessage) {
@@ -47,6 +42,24 @@ bool CZorvaneApp::OnInit() {
                                                       strFunction, strCondition, strMessage);
             std::fputs(strText.utf8_str(), stderr);
         });
+    }
+
+    m_pDoc = std::make_unique<CWZorvaneDoc>();
+    SetMainDocument(m_pDoc.get());
+    m_pDocManager = std::make_unique<wxDocManager>();
+    RegisterDocTemplates(*m_pDocManager);
+
+    m_pFrame = new CMainFrame(m_pDocManager.get());
+    if (!m_pFrame->CreateBars()) {
+        m_pFrame->Destroy();
+        m_pFrame = nullptr;
+        return false;
+    }
+    SetTopWindow(m_pFrame);
+    m_pHost = std::make_unique<CWindowHost>(m_pFrame);
+    SetHost(m_pHost.get());
+
+    if (bTest) {
         m_pHost->m_bMessagesToStatus = true;
         m_pTestDriver = std::make_unique<CGuiTestDriver>(*this, *m_pFrame, *m_pHost, strTestDir);
     }
@@ -58,16 +71,16 @@ bool CZorvaneApp::OnInit() {
     m_pFrame->Update();
 
     // ShowDocument("ZORVANE"): the document opens with the settings file,
-    // and its view starts the first scan when it was read. With "Exit
-    // program after printing" the process ends inside this step.
+    // and its file list view starts the first scan when it was read. With
+    // "Exit program after printing" the process ends inside this step.
     // It runs once the event loop does, so that the main window is drawn
     // before a scan starts.
-    m_pDoc = std::make_unique<CWZorvaneDoc>();
-    SetMainDocument(m_pDoc.get());
     CallAfter([this] {
-        OpenMainDocument(*m_pDoc, m_strSettingsFile);
         if (m_pTestDriver) m_pTestDriver->Start();
-        m_pFrame->ShowMainDocument(*m_pDoc, *s_pProgramSteps);
+        if (!ShowDocument(*m_pDocManager, "ZORVANE")) {
+            m_pFrame->Close(true);
+            return;
+        }
         ShowStartupHints([this] {
             CAboutDlg dialog(m_pFrame, true);
             dialog.ShowModal();
@@ -84,6 +97,8 @@ int CZorvaneApp::OnRun() {
 
 int CZorvaneApp::OnExit() {
     m_pTestDriver.reset();
+    // Closes what the main window's closing left open.
+    m_pDocManager.reset();
     SetMainDocument(nullptr);
     SetHost(nullptr);
     m_pDoc.reset();

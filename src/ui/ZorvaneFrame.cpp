@@ -16,11 +16,13 @@
 #include "ui/FilterListDlg.h"
 #include "ui/MainFrame.h"
 #include "ui/MaxDepthDlg.h"
+#include "ui/PaneViews.h"
 #include "ui/PrintFlagsSheet.h"
 #include "ui/SelectRootsDlg.h"
 #include "ui/SizeDateFilterDlg.h"
 #include "ui/TreeCtrlView.h"
 #include "ui/WxText.h"
+#include "ui/ZorvaneDocument.h"
 #include "ui/logic/FilterListEdit.h"
 
 namespace zv {
@@ -43,11 +45,16 @@ bool CWindowScanSteps::ChooseDuplicateCriteria() {
     return options.m_dupFiles.Any();
 }
 
-CZorvaneFrame::CZorvaneFrame(CMainFrame* pParent, CWZorvaneDoc& doc, IScanSteps& programSteps)
-    : wxMDIChildFrame(pParent, wxID_ANY, "Zorvane"),
+CZorvaneFrame::CZorvaneFrame(CZorvaneDocument& document, CTreePaneView& treeView,
+                             CListPaneView& listView, CMainFrame* pParent, IScanSteps& programSteps)
+    : wxDocMDIChildFrame(&document, &listView, pParent, wxID_ANY, "Zorvane"),
       m_pMainFrame(pParent),
-      m_doc(doc),
-      m_programSteps(programSteps) {
+      m_document(document),
+      m_doc(document.Core()),
+      m_programSteps(programSteps),
+      m_pTreeView(&treeView),
+      m_pListView(&listView) {
+    m_pMainFrame->OnMainChildCreated(this);
     m_pSplitter = new wxSplitterWindow(this, wxID_ANY, wxDefaultPosition, wxDefaultSize,
                                        wxSP_LIVE_UPDATE | wxSP_3D);
     m_pTree = new CTreeCtrlView(m_pSplitter, *this);
@@ -55,6 +62,29 @@ CZorvaneFrame::CZorvaneFrame(CMainFrame* pParent, CWZorvaneDoc& doc, IScanSteps&
     m_pSplitter->SetMinimumPaneSize(50);
     m_pSplitter->SetSashGravity(0.2);
     m_pSplitter->SplitVertically(m_pTree, m_pList, pParent->GetClientSize().x / 5);
+    treeView.SetFrame(this);
+    treeView.Attach(this);
+    listView.Attach(this);
+    // The pane with the focus is the active view; it loads the toolbar.
+    m_pTree->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+        event.Skip();
+        if (m_pTreeView) m_pTreeView->Activate(true);
+    });
+    m_pList->Bind(wxEVT_SET_FOCUS, [this](wxFocusEvent& event) {
+        event.Skip();
+        if (m_pListView) m_pListView->Activate(true);
+    });
+    // Closing the main document ends the program: the main window closes,
+    // and with it the document and its views.
+    Bind(wxEVT_CLOSE_WINDOW, [this](wxCloseEvent& event) {
+        if (!event.CanVeto()) {
+            event.Skip();
+            return;
+        }
+        event.Veto();
+        CMainFrame* pMain = m_pMainFrame;
+        pMain->CallAfter([pMain] { pMain->Close(); });
+    });
     // The left column takes a fifth of the width the frame gets once it is
     // laid out (on GTK children are notebook pages, sized late).
     m_pSplitter->Bind(wxEVT_SIZE, [this](wxSizeEvent& event) {
@@ -67,9 +97,14 @@ CZorvaneFrame::CZorvaneFrame(CMainFrame* pParent, CWZorvaneDoc& doc, IScanSteps&
 }
 
 CZorvaneFrame::~CZorvaneFrame() {
-    // Closing the main document ends the program.
+    if (m_pTreeView) m_pTreeView->Attach(nullptr);
+    if (m_pListView) m_pListView->Attach(nullptr);
     m_pMainFrame->OnMainChildClosed();
-    if (!m_pMainFrame->IsBeingDeleted()) m_pMainFrame->Close();
+}
+
+void CZorvaneFrame::DetachView(CMainPaneView& view) {
+    if (m_pTreeView == &view) m_pTreeView = nullptr;
+    if (m_pListView == &view) m_pListView = nullptr;
 }
 
 void CZorvaneFrame::OnInitialUpdate() {
@@ -215,8 +250,7 @@ void CZorvaneFrame::OnCommand(int nId) {
             SetSizeUnit(3);
             break;
         default:
-            m_pTree->OnUpdate(nId);
-            m_pList->OnUpdate(nId);
+            m_document.ForwardCommand(nId);
     }
 }
 

@@ -1,10 +1,11 @@
 // The main document's child frame: a splitter with the directory tree on
-// the left (a fifth of the width) and the file list on the right. It runs
-// the document's commands, refusing them while a scan runs, and forwards
-// the view commands to both views.
+// the left (a fifth of the width) and the file list on the right, the file
+// list's view the frame's active one. It runs the document's commands,
+// refusing them while a scan runs, and has the document forward the view
+// commands to both views.
 #pragma once
 
-#include <wx/mdi.h>
+#include <wx/docmdi.h>
 
 #include "core/scan/ScanHooks.h"
 #include "ui/logic/CommandTable.h"
@@ -17,6 +18,10 @@ class CMainFrame;
 class CWZorvaneDoc;
 class CTreeCtrlView;
 class CFileAttributesView;
+class CZorvaneDocument;
+class CTreePaneView;
+class CListPaneView;
+class CMainPaneView;
 
 // The scan steps of the desktop: the program's own steps, then the tree
 // control is filled and the selection restored.
@@ -41,9 +46,10 @@ private:
     CTreeCtrlView& m_tree;
 };
 
-class CZorvaneFrame : public wxMDIChildFrame {
+class CZorvaneFrame : public wxDocMDIChildFrame {
 public:
-    CZorvaneFrame(CMainFrame* pParent, CWZorvaneDoc& doc, IScanSteps& programSteps);
+    CZorvaneFrame(CZorvaneDocument& document, CTreePaneView& treeView, CListPaneView& listView,
+                  CMainFrame* pParent, IScanSteps& programSteps);
     ~CZorvaneFrame() override;
 
     // The file list view's first update: a settings file from the command
@@ -59,6 +65,9 @@ public:
     CTreeCtrlView& Tree() const { return *m_pTree; }
     CFileAttributesView& List() const { return *m_pList; }
     CMainFrame& MainFrame() const { return *m_pMainFrame; }
+    // A view going before its frame does (or the other way round) leaves no
+    // pointer behind.
+    void DetachView(CMainPaneView& view);
 
 private:
     void SelectRoots();
@@ -68,8 +77,11 @@ private:
     void SetSizeUnit(int nUnit);
 
     CMainFrame* m_pMainFrame;
+    CZorvaneDocument& m_document;
     CWZorvaneDoc& m_doc;
     IScanSteps& m_programSteps;
+    CMainPaneView* m_pTreeView;
+    CMainPaneView* m_pListView;
     wxSplitterWindow* m_pSplitter;
     CTreeCtrlView* m_pTree;
     CFileAttributesView* m_pList;

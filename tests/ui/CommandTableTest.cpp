@@ -4,6 +4,7 @@
 
 #include "core/document/Document.h"
 #include "ui/logic/CommandTable.h"
+#include "ui/logic/ToolbarCommands.h"
 
 namespace zv {
 namespace {
@@ -107,6 +108,17 @@ TEST(CommandTable, SortCommandsSetBothCodes) {
     unsigned char nFile = 0;
     unsigned char nDir = 0;
     EXPECT_FALSE(SortCodesOfCommand(CmdRescan, nFile, nDir));
+}
+
+// A button without a menu command would have no enable rule and no
+// handler.
+TEST(CommandTable, ToolbarButtonsAreMenuCommandsOnce) {
+    std::set<int> ids;
+    for (int nId : MainViewToolbarCommands()) {
+        EXPECT_NE(FindCommand(nId), nullptr) << nId;
+        EXPECT_TRUE(ids.insert(nId).second) << nId;
+    }
+    EXPECT_EQ(ids.size(), 13u);
 }
 
 }  // namespace

@@ -125,7 +125,7 @@ def main(argv):
             "gui-7-stopped", "gui-8-rescanned", "gui-9-select-matching",
             "gui-10-matching-selected", "gui-11-find", "gui-12-found",
             "gui-13-printing-options", "gui-0-about", "gui-14-duplicate-options",
-            "gui-15-size-date-filters", "gui-16-max-depth",
+            "gui-15-size-date-filters", "gui-16-max-depth", "gui-17-all-folders-open",
             "gui-20-duplicate-files-filter", "gui-21-duplicate-file-options",
             "gui-22-duplicate-filter-scanned", "gui-23-duplicate-directories-filter",
             "gui-24-about-links"]
