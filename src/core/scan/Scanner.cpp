@@ -174,6 +174,9 @@ void CScanner::ScanRootDirectory(size_t nRootIndex, CRootDirectoryData& root) {
         if (parent.nChildrenLeft == 0 || IsStopRequested()) {
             // Workers may be opening directories from the handle going away.
             if (IsStopRequested()) EndReadAhead();
+            // Every child's subtree is finished (or never to be walked).
+            for (const CDirectoryData* pChild : parent.pDir->m_aChildren)
+                parent.pDir->AddSubtreeTotals(*pChild);
             m_aPending.pop_back();
             continue;
         }
@@ -454,7 +457,7 @@ CFileData* CScanner::AddFileRecord(CDirectoryData& dir, const CDirEntry& entry, 
     }
     m_doc.m_scan.m_aAllFiles.Add(pFile);
     if (candidate.m_bHasCrc) pFile->SetCrc(candidate.m_uCrc);
-    dir.AddFile(pFile, dClusterSize);
+    dir.AddScannedFile(pFile, dClusterSize);  // rolled up when the walk leaves the subtree
     m_pSteps->OfferLargestFile(*pFile);
     if (m_doc.m_options.m_bLargestType) m_pSteps->AddToTypeTable(*pFile);
     if (m_doc.m_options.m_bLargestOwner && !pFile->IsStream()) m_pSteps->AddToOwnerTable(*pFile);
