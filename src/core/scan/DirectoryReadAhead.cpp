@@ -51,11 +51,10 @@ void CDirectoryListing::Read(const std::atomic<bool>& bStop, int nExpandBelow) {
 }
 
 size_t CDirectoryReadAhead::DefaultThreads() {
-    // One worker per core: more only add hand-overs between threads. On two
-    // cores the hand-overs cost more than they overlap when the cache is warm
-    // (measured on /usr), so the walk reads alone there.
+    // One reader per core, the scanning thread being one: more only add
+    // hand-overs between threads, and the work per entry is the kernel's.
     const size_t nCores = std::thread::hardware_concurrency();
-    if (nCores <= 2) return 1;
+    if (nCores <= 1) return 1;
     return std::min<size_t>(nCores, 8);
 }
 

@@ -87,7 +87,7 @@ private:
 
 class CDirectoryReadAhead {
 public:
-    static constexpr size_t kMaxTaken = 32;
+    static constexpr size_t kMaxTaken = 128;
 
     CDirectoryReadAhead() = default;
     ~CDirectoryReadAhead() { Stop(); }
@@ -119,8 +119,8 @@ public:
     // may be destroyed.
     void Cancel(CDirectoryListing& listing);
 
-    // A sensible number of readers for this machine: 1 (no workers) on one
-    // or two cores.
+    // A sensible number of reading threads for this machine, the scanning
+    // thread included: 1 (no workers) on one core.
     static size_t DefaultThreads();
 
 private:

@@ -28,9 +28,9 @@ public:
     // tree building follows the walk.
     CScanner(CWZorvaneDoc& doc, IScanFilter* pFilter = nullptr, IScanSteps* pSteps = nullptr);
 
-    // Threads that read directories: 1 reads them on the scanning thread
-    // itself, more are that many workers reading ahead of it. The default
-    // suits the machine.
+    // Threads that read directories, the scanning thread one of them: 1
+    // reads them on the scanning thread alone, N adds N - 1 workers reading
+    // ahead of it. The default suits the machine.
     void SetReadThreads(size_t nThreads) { m_nReadThreads = nThreads; }
     size_t GetReadThreads() const { return m_nReadThreads; }
 
