@@ -3,7 +3,7 @@
 
 Builds the release zorvane-cli, installs gdu and ncdu (Debian packages) when
 they are missing, then runs `zorvane-cli scan --json TREE` (with the default
-read threads and with 1, 2 and 3 reading threads), `du -s TREE`, `gdu -n TREE` and
+read threads and with 1, 2, 3 and 8 reading threads), `du -s TREE`, `gdu -n TREE` and
 `ncdu -o /dev/null TREE` alternately: warm cache first, then with the cache
 dropped before every run where this machine lets us write
 /proc/sys/vm/drop_caches. Prints medians, each one's ratio to the fastest
@@ -102,6 +102,7 @@ def main():
         "zorvane scan --threads 1": [CLI, "scan", "--json", "--threads", "1", tree],
         "zorvane scan --threads 2": [CLI, "scan", "--json", "--threads", "2", tree],
         "zorvane scan --threads 3": [CLI, "scan", "--json", "--threads", "3", tree],
+        "zorvane scan --threads 8": [CLI, "scan", "--json", "--threads", "8", tree],
         "du": ["du", "-s", tree],
         "gdu": ["gdu", "-n", tree],
         "ncdu": ["ncdu", "-o", "/dev/null", tree],
