@@ -41,10 +41,7 @@ public:
     // nLevel: the directory's depth, the root's being 1.
     CDirectoryListing(const platform::CDirectoryReader* pBase, std::u16string strPath,
                       bool bWantSelf, int nLevel)
-        : m_pBase(pBase),
-          m_strPath(std::move(strPath)),
-          m_bWantSelf(bWantSelf),
-          m_nLevel(nLevel) {}
+        : m_pBase(pBase), m_strPath(std::move(strPath)), m_bWantSelf(bWantSelf), m_nLevel(nLevel) {}
 
     // The entries in the order the directory gave them.
     size_t GetCount() const { return m_aEntries.size(); }
@@ -142,11 +139,12 @@ private:
     std::condition_variable m_workAvailable;
     std::condition_variable m_listingDone;
     std::vector<CDirectoryListing*> m_aStack;
-    size_t m_nTaken = 0;  // read ahead (by a worker, or by the walk while it waited), not yet waited for
-    size_t m_nReading = 0;             // of those, still being read
-    bool m_bFull = false;  // the buffer filled up: workers wait until half is taken
+    size_t m_nTaken =
+        0;  // read ahead (by a worker, or by the walk while it waited), not yet waited for
+    size_t m_nReading = 0;  // of those, still being read
+    bool m_bFull = false;   // the buffer filled up: workers wait until half is taken
     const CDirectoryListing* m_pAwaited = nullptr;  // the walk sleeps until it is read
-    std::atomic<bool> m_bStop{false};  // paused: reads are abandoned, nothing taken
+    std::atomic<bool> m_bStop{false};               // paused: reads are abandoned, nothing taken
     bool m_bExit = false;
     int m_nExpandBelow = 0;
     std::vector<std::thread> m_aWorkers;

@@ -371,8 +371,8 @@ void CScanner::ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData
         return;
     }
     // The requests a listing brought are in entry order, which sorting loses.
-    const bool bHasRequests = pListing && m_readAhead.IsRunning() &&
-                              !pListing->m_aSubdirectories.empty();
+    const bool bHasRequests =
+        pListing && m_readAhead.IsRunning() && !pListing->m_aSubdirectories.empty();
     std::vector<CDirectoryData*> aUnsorted;
     if (bHasRequests) aUnsorted = dir.m_aChildren.Items();
     SortChildren(dir, 2);  // name descending: walked from the last, so in name order
