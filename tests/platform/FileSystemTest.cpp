@@ -145,6 +145,25 @@ TEST_F(FileSystemTest, ListingGivesEachDirectEntryAsThePathQueriesDo) {
     }
 }
 
+// A listing the system hands over in several reads: no entry lost or
+// repeated where one read ends and the next begins.
+TEST_F(FileSystemTest, LargeListingGivesEveryEntryOnce) {
+    constexpr int kCount = 3000;  // some 180 KB of names and entry headers
+    std::vector<std::u16string> aExpected;
+    for (int i = 0; i < kCount; ++i) {
+        const std::string strName = "entry number " + std::to_string(i) + std::string(40, 'n');
+        ASSERT_TRUE(std::ofstream(Root() / strName)) << strName;
+        aExpected.push_back(Utf8ToUtf16(strName));
+    }
+    CDirectoryReader reader;
+    ASSERT_TRUE(reader.Open(ToU16(Root())));
+    const CListing listing = ReadListing(reader);
+    CDirEntry entry;
+    EXPECT_FALSE(reader.Next(entry));  // stays at the end
+    ASSERT_EQ(listing.size(), aExpected.size());
+    for (const std::u16string& strName : aExpected) EXPECT_EQ(listing.count(strName), 1u);
+}
+
 TEST_F(FileSystemTest, FailuresTellWhyOrGiveTheFailureValues) {
     constexpr int kAnyButDenied = -1;
     m_temp.WriteFile("file.txt", "x");

@@ -199,6 +199,19 @@ void CDirectoryData::AddFile(CFileData* pFile, double dClusterSize) {
     m_aFiles.Add(pFile);
 }
 
+void CDirectoryData::AddScannedFile(CFileData* pFile, double dClusterSize) {
+    m_dFilesSize += pFile->m_dSize;
+    m_dFilesActual += RoundToCluster(pFile->m_dSize, dClusterSize);
+    ++m_uCumulativeCount;
+    m_aFiles.Add(pFile);
+}
+
+void CDirectoryData::AddSubtreeTotals(const CDirectoryData& child) {
+    m_dSubdirsSize += child.m_dFilesSize + child.m_dSubdirsSize;
+    m_dSubdirsActual += child.m_dFilesActual + child.m_dSubdirsActual;
+    m_uCumulativeCount += child.m_uCumulativeCount;
+}
+
 bool CDirectoryData::RemoveFile(CFileData* pFile) {
     // Depth first, each directory's files before its subdirectories, the
     // last subdirectory first.

@@ -66,6 +66,14 @@ public:
     // Creates a file record and rolls its size up: to this directory, then
     // to every ancestor, rounded with the cluster size given.
     void AddFile(CFileData* pFile, double dClusterSize);
+    // The same for a walk that rolls each finished subtree up once
+    // (AddSubtreeTotals) instead of touching every ancestor for each file:
+    // only this directory's own totals change here.
+    void AddScannedFile(CFileData* pFile, double dClusterSize);
+    // Adds a finished child's files and subdirectories to this directory's
+    // subdirectory totals. Sizes are whole numbers of bytes, exact in a
+    // double up to 2^53, so the sums equal those made file by file.
+    void AddSubtreeTotals(const CDirectoryData& child);
     // Finds the record here or below, takes its size out of every total and
     // deletes it. False when it is not in this subtree.
     bool RemoveFile(CFileData* pFile);

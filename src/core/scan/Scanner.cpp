@@ -1,5 +1,6 @@
 #include "core/scan/Scanner.h"
 
+#include <algorithm>
 #include <ctime>
 #include <new>
 #include <string_view>
@@ -148,7 +149,15 @@ bool CScanner::GetDirectoryTimes(const std::u16string& strPath, FILETIME& ftCrea
 void CScanner::ScanRootDirectory(size_t nRootIndex, CRootDirectoryData& root) {
     m_strPath = root.m_strName.Str();
     m_aPending.clear();
-    if (m_nReadThreads > 1) m_readAhead.Start(m_nReadThreads);
+    const CDocumentOptions& options = m_doc.m_options;
+    if (m_nReadThreads > 1 && options.m_bScanSubdirs) {
+        // Requests come with listings only as deep as the walk enters and
+        // keeps handles open.
+        const int nExpandBelow = options.m_nMaxDepth == -1
+                                     ? kHandleWalkLevels
+                                     : std::min(kHandleWalkLevels, options.m_nMaxDepth);
+        m_readAhead.Start(m_nReadThreads - 1, nExpandBelow);  // the walk reads too
+    }
     ListDirectory(1, root, root);
     if (m_aPending.empty()) {
         EndReadAhead();
@@ -165,6 +174,9 @@ void CScanner::ScanRootDirectory(size_t nRootIndex, CRootDirectoryData& root) {
         if (parent.nChildrenLeft == 0 || IsStopRequested()) {
             // Workers may be opening directories from the handle going away.
             if (IsStopRequested()) EndReadAhead();
+            // Every child's subtree is finished (or never to be walked).
+            for (const CDirectoryData* pChild : parent.pDir->m_aChildren)
+                parent.pDir->AddSubtreeTotals(*pChild);
             m_aPending.pop_back();
             continue;
         }
@@ -172,8 +184,7 @@ void CScanner::ScanRootDirectory(size_t nRootIndex, CRootDirectoryData& root) {
         const size_t nChild = --parent.nChildrenLeft;
         CDirectoryData& child = *parent.pDir->m_aChildren[nChild];
         std::unique_ptr<CDirectoryListing> pListing;
-        const bool bReadAhead = parent.bReadAhead;
-        if (bReadAhead) pListing = std::move(parent.aListings[nChild]);
+        if (parent.bReadAhead) pListing = std::move(parent.aListings[nChild]);
         m_strPath.resize(parent.nPathLength);
         AppendPathComponent(m_strPath, child.m_strName);
         if (parent.nLevel == 1) {
@@ -189,10 +200,8 @@ void CScanner::ScanRootDirectory(size_t nRootIndex, CRootDirectoryData& root) {
             progress.SetLine1(strLine1.c_str());
             progress.SetLine2(strLine2.c_str());
         }
-        // Excluded by the filter when it was queued.
-        if (bReadAhead && !pListing) continue;
         // May push: parent is not used after.
-        ListDirectory(parent.nLevel + 1, child, root, pListing.get());
+        ListDirectory(parent.nLevel + 1, child, root, std::move(pListing));
     }
     EndReadAhead();
     m_readAhead.Stop();
@@ -212,7 +221,7 @@ void CScanner::QueueChildren(CPendingDirectory& pending) {
     // walk enters each child.
     const CPendingDirectory* pBase = nullptr;
     for (size_t i = m_aPending.size(); i-- > 0;) {
-        if (m_aPending[i].reader.IsOpen()) {
+        if (m_aPending[i].Handle().IsOpen()) {
             pBase = &m_aPending[i];
             break;
         }
@@ -234,17 +243,50 @@ void CScanner::QueueChildren(CPendingDirectory& pending) {
                 relative.remove_prefix(1);
         }
         pending.aListings[i] = std::make_unique<CDirectoryListing>(
-            pBase ? &pBase->reader : nullptr, std::u16string(relative),
-            !platform::kListingReadsEachEntry);
+            pBase ? &pBase->Handle() : nullptr, std::u16string(relative),
+            !platform::kListingReadsEachEntry, pending.nLevel + 1);
         m_readAhead.Queue(*pending.aListings[i]);
     }
 }
 
+void CScanner::AdoptSubdirectoryListings(CPendingDirectory& pending, CDirectoryListing& listing,
+                                         const std::vector<CDirectoryData*>& aUnsorted) {
+    auto& aRequests = listing.m_aSubdirectories;
+    const auto& aChildren = pending.pDir->m_aChildren;
+    pending.bReadAhead = true;
+    pending.aListings.resize(aChildren.GetSize());
+    // One child was made from each subdirectory entry, in entry order, as
+    // the requests were; short of that (memory ran out) the walk reads the
+    // children itself.
+    if (aRequests.size() != aUnsorted.size()) {
+        m_readAhead.Cancel(listing);
+        aRequests.clear();
+        return;
+    }
+    std::vector<std::pair<CDirectoryData*, size_t>> aEntryIndex;
+    aEntryIndex.reserve(aUnsorted.size());
+    for (size_t i = 0; i < aUnsorted.size(); ++i) aEntryIndex.emplace_back(aUnsorted[i], i);
+    std::sort(aEntryIndex.begin(), aEntryIndex.end());
+    for (size_t i = 0; i < aChildren.GetSize(); ++i) {
+        const auto it = std::lower_bound(aEntryIndex.begin(), aEntryIndex.end(),
+                                         std::pair<CDirectoryData*, size_t>(aChildren[i], 0));
+        pending.aListings[i] = std::move(aRequests[it->second]);
+    }
+}
+
 void CScanner::ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData& root,
-                             CDirectoryListing* pListing) {
+                             std::unique_ptr<CDirectoryListing> pListing) {
     const std::u16string& strPath = m_strPath;
-    // A listing read ahead was queued only when the filter let it be.
-    if (!pListing && m_pFilter && m_pFilter->IsDirectoryExcluded(strPath)) return;
+    // However the directory ends up, requests read ahead below it that the
+    // walk does not take are withdrawn before they are destroyed.
+    struct CWithdrawUnused {
+        CDirectoryReadAhead& readAhead;
+        std::unique_ptr<CDirectoryListing>& pListing;
+        ~CWithdrawUnused() {
+            if (pListing) readAhead.Cancel(*pListing);
+        }
+    } withdraw{m_readAhead, pListing};
+    if (m_pFilter && m_pFilter->IsDirectoryExcluded(strPath)) return;
     const bool bSkipFiles = m_pFilter && m_pFilter->SkipsFilesOf(strPath);
 
     if (pListing) {
@@ -253,7 +295,7 @@ void CScanner::ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData
         // sparing handles as it does.
         if (!pListing->m_bOpened && pListing->m_nError == ERR_TOO_MANY_OPEN_FILES) {
             EndReadAhead();
-            pListing = nullptr;
+            pListing.reset();
         }
     }
     platform::CDirectoryReader reader;
@@ -273,7 +315,6 @@ void CScanner::ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData
     // The attributes of the directory as it is now; a root has only these.
     CDirEntry self;
     if (pListing) {
-        reader = std::move(pListing->m_reader);
         if (pListing->m_uSelfAttributes != ATTR_INVALID)
             dir.m_uAttributes = pListing->m_uSelfAttributes;
     } else if ((nLevel == 1 || !platform::kListingReadsEachEntry) && reader.GetSelf(self)) {
@@ -325,8 +366,16 @@ void CScanner::ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData
     if (options.m_bLargestDirs) m_pSteps->OfferLargestDirectory(dir);
     if (dir.m_aChildren.IsEmpty()) return;
 
+    if (options.m_nMaxDepth != -1 && options.m_nMaxDepth < nLevel + 1) {
+        SortChildren(dir, 2);
+        return;
+    }
+    // The requests a listing brought are in entry order, which sorting loses.
+    const bool bHasRequests =
+        pListing && m_readAhead.IsRunning() && !pListing->m_aSubdirectories.empty();
+    std::vector<CDirectoryData*> aUnsorted;
+    if (bHasRequests) aUnsorted = dir.m_aChildren.Items();
     SortChildren(dir, 2);  // name descending: walked from the last, so in name order
-    if (options.m_nMaxDepth != -1 && options.m_nMaxDepth < nLevel + 1) return;
 
     CPendingDirectory pending;
     pending.pDir = &dir;
@@ -334,10 +383,23 @@ void CScanner::ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData
     pending.nPathLength = strPath.size();
     pending.nChildrenLeft = dir.m_aChildren.GetSize();
     pending.bAnchor = strPath.size() - AnchorPathLength() >= kAnchorSpan;
-    if (pending.bAnchor || (nLevel < kHandleWalkLevels && !m_bSparingHandles))
-        pending.reader = std::move(reader);
+    const bool bKeepHandle = pending.bAnchor || (nLevel < kHandleWalkLevels && !m_bSparingHandles);
+    // With the workers paused nothing opens from the listing's handle.
+    if (pListing && !m_readAhead.IsRunning()) reader = std::move(pListing->m_reader);
+    if (pListing && !bKeepHandle) pListing->m_reader.Close();  // no requests were made from it
+    if (bKeepHandle) pending.reader = std::move(reader);
     m_aPending.push_back(std::move(pending));
-    if (m_readAhead.IsRunning()) QueueChildren(m_aPending.back());
+    CPendingDirectory& pushed = m_aPending.back();
+    if (!m_readAhead.IsRunning()) return;  // the listing goes with withdraw
+    if (bHasRequests) {
+        pushed.pListing = std::move(pListing);
+        AdoptSubdirectoryListings(pushed, *pushed.pListing, aUnsorted);
+    } else if (pListing) {
+        pushed.pListing = std::move(pListing);
+        QueueChildren(pushed);
+    } else {
+        QueueChildren(pushed);
+    }
 }
 
 size_t CScanner::AnchorPathLength() const {
@@ -349,11 +411,11 @@ size_t CScanner::AnchorPathLength() const {
 bool CScanner::OpenFromNearestHandle(platform::CDirectoryReader& reader) const {
     for (size_t i = m_aPending.size(); i-- > 0;) {
         const CPendingDirectory& ancestor = m_aPending[i];
-        if (!ancestor.reader.IsOpen()) continue;
+        if (!ancestor.Handle().IsOpen()) continue;
         std::u16string_view relative = std::u16string_view(m_strPath).substr(ancestor.nPathLength);
         if (!relative.empty() && relative.front() == platform::kPathSeparator)
             relative.remove_prefix(1);
-        return reader.OpenChild(ancestor.reader, relative);
+        return reader.OpenChild(ancestor.Handle(), relative);
     }
     return reader.Open(m_strPath);
 }
@@ -361,6 +423,8 @@ bool CScanner::OpenFromNearestHandle(platform::CDirectoryReader& reader) const {
 bool CScanner::OpenDirectory(platform::CDirectoryReader& reader) {
     if (OpenFromNearestHandle(reader)) return true;
     if (reader.GetLastError() != ERR_TOO_MANY_OPEN_FILES) return false;
+    // Workers may be opening directories from the handles about to close.
+    EndReadAhead();
     CloseSpareHandles();
     return OpenFromNearestHandle(reader);
 }
@@ -369,8 +433,11 @@ void CScanner::CloseSpareHandles() {
     // From now on only the anchors keep their handles; the directories
     // between them are reached by a relative path from the nearest one.
     m_bSparingHandles = true;
-    for (CPendingDirectory& pending : m_aPending)
-        if (!pending.bAnchor) pending.reader.Close();
+    for (CPendingDirectory& pending : m_aPending) {
+        if (pending.bAnchor) continue;
+        pending.reader.Close();
+        if (pending.pListing) pending.pListing->m_reader.Close();
+    }
 }
 
 CFileData* CScanner::AddFileRecord(CDirectoryData& dir, const CDirEntry& entry, double dSize,
@@ -390,7 +457,7 @@ CFileData* CScanner::AddFileRecord(CDirectoryData& dir, const CDirEntry& entry, 
     }
     m_doc.m_scan.m_aAllFiles.Add(pFile);
     if (candidate.m_bHasCrc) pFile->SetCrc(candidate.m_uCrc);
-    dir.AddFile(pFile, dClusterSize);
+    dir.AddScannedFile(pFile, dClusterSize);  // rolled up when the walk leaves the subtree
     m_pSteps->OfferLargestFile(*pFile);
     if (m_doc.m_options.m_bLargestType) m_pSteps->AddToTypeTable(*pFile);
     if (m_doc.m_options.m_bLargestOwner && !pFile->IsStream()) m_pSteps->AddToOwnerTable(*pFile);

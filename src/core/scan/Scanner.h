@@ -28,9 +28,9 @@ public:
     // tree building follows the walk.
     CScanner(CWZorvaneDoc& doc, IScanFilter* pFilter = nullptr, IScanSteps* pSteps = nullptr);
 
-    // Threads that read directories: 1 reads them on the scanning thread
-    // itself, more are that many workers reading ahead of it. The default
-    // suits the machine.
+    // Threads that read directories, the scanning thread one of them: 1
+    // reads them on the scanning thread alone, N adds N - 1 workers reading
+    // ahead of it. The default suits the machine.
     void SetReadThreads(size_t nThreads) { m_nReadThreads = nThreads; }
     size_t GetReadThreads() const { return m_nReadThreads; }
 
@@ -53,10 +53,17 @@ private:
         size_t nChildrenLeft = 0;
         bool bAnchor = false;               // its handle stays open however many are in use
         platform::CDirectoryReader reader;  // open while children are opened from it
-        // With read-ahead: the children's listings by child index, none for
-        // a child the filter excludes.
+        // Read ahead: the listing holds the handle instead, as the
+        // children's requests were made from it.
+        std::unique_ptr<CDirectoryListing> pListing;
+        // With read-ahead: the children's listings by child index; a child
+        // without one is read by the walk itself.
         bool bReadAhead = false;
         std::vector<std::unique_ptr<CDirectoryListing>> aListings;
+
+        const platform::CDirectoryReader& Handle() const {
+            return pListing ? pListing->m_reader : reader;
+        }
     };
 
     void ClearPreviousScan();
@@ -65,8 +72,12 @@ private:
     // subdirectories are to be entered, pushes it onto m_aPending.
     // pListing: the directory as read ahead; without it, it is read here.
     void ListDirectory(int nLevel, CDirectoryData& dir, CRootDirectoryData& root,
-                       CDirectoryListing* pListing = nullptr);
+                       std::unique_ptr<CDirectoryListing> pListing = nullptr);
     void QueueChildren(CPendingDirectory& pending);
+    // The subdirectory requests a listing brought, by index of the children
+    // made from it after they were sorted (aUnsorted: before).
+    void AdoptSubdirectoryListings(CPendingDirectory& pending, CDirectoryListing& listing,
+                                   const std::vector<CDirectoryData*>& aUnsorted);
     // From here on the walk reads every directory itself.
     void EndReadAhead();
     bool OpenDirectory(platform::CDirectoryReader& reader);

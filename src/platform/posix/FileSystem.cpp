@@ -256,13 +256,69 @@ int OpenForReading(int nDirFd, const std::string& strPath) {
 // ---------------------------------------------------------------------------
 // CDirectoryReader
 
+// The listing is read with getdents64 straight from the descriptor:
+// fdopendir would cost two fcntl calls per directory, and a scan opens every
+// directory once. The buffer is held only while the listing is being read,
+// and buffers are reused on each thread, so a walk keeping many directories
+// open for their children holds only their descriptors.
+class CListingBuffers {
+public:
+    static constexpr size_t kSize = 32 * 1024;
+    static std::unique_ptr<char[]> Take() {
+        auto& aFree = Pool();
+        if (aFree.empty()) return std::make_unique<char[]>(kSize);
+        auto pBuffer = std::move(aFree.back());
+        aFree.pop_back();
+        return pBuffer;
+    }
+    static void Give(std::unique_ptr<char[]> pBuffer) {
+        auto& aFree = Pool();
+        if (pBuffer && aFree.size() < kKept) aFree.push_back(std::move(pBuffer));
+    }
+
+private:
+    static constexpr size_t kKept = 4;
+    static std::vector<std::unique_ptr<char[]>>& Pool() {
+        thread_local std::vector<std::unique_ptr<char[]>> s_aFree;
+        return s_aFree;
+    }
+};
+
 struct CDirectoryReader::Impl {
-    DIR* pDir = nullptr;
+    int nFd = -1;
+    std::unique_ptr<char[]> pBuffer;  // while the listing is read
+    size_t uPos = 0;
+    size_t uEnd = 0;
+    bool bListingDone = false;
     std::string strName;   // the directory's own name, for its hidden bit
     uint64_t uDevice = 0;  // of the directory itself: a subdirectory elsewhere is a mount
 
     ~Impl() {
-        if (pDir) closedir(pDir);
+        CListingBuffers::Give(std::move(pBuffer));
+        if (nFd >= 0) close(nFd);
+    }
+
+    // The next raw entry; null at the end or on an error (errno then set).
+    const struct dirent64* NextRaw() {
+        if (bListingDone) {
+            errno = 0;
+            return nullptr;
+        }
+        if (uPos >= uEnd) {
+            if (!pBuffer) pBuffer = CListingBuffers::Take();
+            const ssize_t nRead = getdents64(nFd, pBuffer.get(), CListingBuffers::kSize);
+            if (nRead <= 0) {
+                bListingDone = true;
+                CListingBuffers::Give(std::move(pBuffer));
+                if (nRead == 0) errno = 0;
+                return nullptr;
+            }
+            uPos = 0;
+            uEnd = size_t(nRead);
+        }
+        const auto* pEntry = reinterpret_cast<const struct dirent64*>(pBuffer.get() + uPos);
+        uPos += pEntry->d_reclen;
+        return pEntry;
     }
 };
 
@@ -285,21 +341,19 @@ bool CDirectoryReader::Open(std::u16string_view path) {
 }
 
 bool CDirectoryReader::Adopt(int nFd, const std::string& strName, const uint64_t* pDevice) {
-    DIR* pDir = nFd < 0 ? nullptr : fdopendir(nFd);
-    if (!pDir) {
+    if (nFd < 0) {
         m_nLastError = ErrorFromErrno(errno);
-        if (nFd >= 0) close(nFd);
         return false;
     }
     // Replaced only now: the directory may have been opened from this very
     // reader as its parent.
     auto pImpl = std::make_unique<Impl>();
-    pImpl->pDir = pDir;
+    pImpl->nFd = nFd;
     pImpl->strName = strName;
     CStatInfo self;
     if (pDevice) {
         pImpl->uDevice = *pDevice;
-    } else if (StatAt(dirfd(pDir), "", true, self)) {
+    } else if (StatAt(nFd, "", true, self)) {
         pImpl->uDevice = self.uDevice;
     }
     m_pImpl = std::move(pImpl);
@@ -315,7 +369,7 @@ bool CDirectoryReader::OpenChild(const CDirectoryReader& parent, std::u16string_
     const std::string strName = Utf16ToUtf8(name);
     // Relative to the parent's handle, so no path length limit applies; a
     // symbolic link is not followed.
-    const int nFd = openat(dirfd(parent.m_pImpl->pDir), strName.c_str(),
+    const int nFd = openat(parent.m_pImpl->nFd, strName.c_str(),
                            O_RDONLY | O_DIRECTORY | O_NOFOLLOW | O_CLOEXEC);
     // A child entered is never a mount point, so it is on its parent's
     // device: one look-up per directory fewer.
@@ -324,10 +378,10 @@ bool CDirectoryReader::OpenChild(const CDirectoryReader& parent, std::u16string_
 
 bool CDirectoryReader::Next(CDirEntry& entry) {
     if (!IsOpen()) return false;
-    DIR* pDir = m_pImpl->pDir;
+    Impl& impl = *m_pImpl;
+    const int nDirFd = impl.nFd;
     for (;;) {
-        errno = 0;
-        const dirent* pEntry = readdir(pDir);
+        const struct dirent64* pEntry = impl.NextRaw();
         if (!pEntry) {
             m_nLastError = ErrorFromErrno(errno);
             return false;
@@ -336,12 +390,12 @@ bool CDirectoryReader::Next(CDirEntry& entry) {
         if (name == "." || name == "..") continue;
 
         CStatInfo info;
-        if (StatAt(dirfd(pDir), pEntry->d_name, false, info)) {
+        if (StatAt(nDirFd, pEntry->d_name, false, info)) {
             FillEntry(info, name, entry);
-            if (S_ISLNK(info.uMode)) MarkLinkToDirectory(dirfd(pDir), pEntry->d_name, entry);
+            if (S_ISLNK(info.uMode)) MarkLinkToDirectory(nDirFd, pEntry->d_name, entry);
             // A directory on another device, or a mount root, is the
             // counterpart of a Windows volume mount point.
-            if (S_ISDIR(info.uMode) && (info.bMountRoot || info.uDevice != m_pImpl->uDevice))
+            if (S_ISDIR(info.uMode) && (info.bMountRoot || info.uDevice != impl.uDevice))
                 entry.uAttributes |= ATTR_REPARSE_POINT;
         } else if (errno == ENOENT) {
             continue;  // removed since the listing was read
@@ -356,13 +410,13 @@ bool CDirectoryReader::Next(CDirEntry& entry) {
 bool CDirectoryReader::GetSelf(CDirEntry& entry) const {
     if (!IsOpen()) return false;
     CStatInfo info;
-    if (!StatAt(dirfd(m_pImpl->pDir), "", true, info)) return false;
+    if (!StatAt(m_pImpl->nFd, "", true, info)) return false;
     FillEntry(info, m_pImpl->strName, entry);
     entry.strName.clear();
     return true;
 }
 
-bool CDirectoryReader::IsOpen() const { return m_pImpl && m_pImpl->pDir; }
+bool CDirectoryReader::IsOpen() const { return m_pImpl && m_pImpl->nFd >= 0; }
 
 void CDirectoryReader::Close() { m_pImpl.reset(); }
 

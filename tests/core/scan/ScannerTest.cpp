@@ -328,8 +328,10 @@ TEST_F(ScannerTest, StopLeavesNoWorkerRunning) {
     for (int nStopAt : {2, 6, 9}) {
         m_host.m_nPumps = 0;
         m_host.m_nStopAt = nStopAt;
-        Scan({}, {}, 4);
+        const CRootDirectoryData& root = Scan({}, {}, 4);
         EXPECT_EQ(m_doc.m_bStopRequested, 1);
+        // Subtrees left half walked still count what they found.
+        EXPECT_EQ(root.m_uCumulativeCount, m_doc.m_scan.m_aAllFiles.GetSize());
         EXPECT_GT(m_host.m_nThreadsAtStop, nBefore) << "stop at " << nStopAt;
         EXPECT_EQ(ThreadCount(), nBefore) << "stop at " << nStopAt;
     }
