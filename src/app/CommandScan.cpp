@@ -118,6 +118,7 @@ void CCommandScan::Scan(IScanSteps* pSteps) {
     scanner.Rescan();
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
     m_dElapsedSeconds = elapsed.count();
+    m_bReportsLeftOut = !pSteps && steps.ReportsLeftOut() != 0;
     m_host.ClearLine();
 }
 

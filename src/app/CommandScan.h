@@ -38,6 +38,9 @@ public:
     CWZorvaneDoc& Doc() { return m_doc; }
     CConsoleHost& Host() { return m_host; }
     double ElapsedSeconds() const { return m_dElapsedSeconds; }
+    // Whether an Auto Print report the settings ask for was left out (it
+    // was named on stderr).
+    bool ReportsLeftOut() const { return m_bReportsLeftOut; }
 
 private:
     const CScanCommandOptions& m_options;
@@ -45,6 +48,7 @@ private:
     CProgramServices m_services;
     CWZorvaneDoc m_doc;
     double m_dElapsedSeconds = 0;
+    bool m_bReportsLeftOut = false;
 };
 
 }  // namespace zv
