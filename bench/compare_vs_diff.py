@@ -7,6 +7,9 @@ removed, one added), then runs `diff -rq TREE COPY` and
 `zorvane-cli compare --subdirs TREE COPY` alternately and prints the median
 wall times, the median CPU times (user + system) and their ratios.
 Usage: bench/compare_vs_diff.py [TREE] [RUNS]
+With ZORVANE_BASELINE_CLI naming another zorvane-cli (an earlier build), that
+one runs alternately with the other two, for a before-and-after figure from
+the same run.
 """
 import json
 import os
@@ -134,11 +137,15 @@ def main():
     same = without_twins(diff_findings(tree, copy)) == without_twins(zorvane_findings(tree, copy))
     print("statuses: %s" % ("the same differences as diff -rq" if same else
                             "DIFFERENT from diff -rq"))
+    baseline = os.environ.get("ZORVANE_BASELINE_CLI")
+    before = [baseline] + compare[1:] if baseline else None
     run(diff), run(compare)  # warm the cache
-    diff_runs, compare_runs = [], []
+    diff_runs, compare_runs, before_runs = [], [], []
     for _ in range(runs):
         diff_runs.append(run(diff))
         compare_runs.append(run(compare))
+        if before:
+            before_runs.append(run(before))
     diff_wall = statistics.median(r[0] for r in diff_runs)
     compare_wall = statistics.median(r[0] for r in compare_runs)
     diff_cpu = statistics.median(r[1] for r in diff_runs)
@@ -146,6 +153,11 @@ def main():
     print("pair:                    %s  %s" % (tree, copy))
     print("diff -rq median:         %.3f s wall, %.3f s CPU" % (diff_wall, diff_cpu))
     print("zorvane-cli median:      %.3f s wall, %.3f s CPU" % (compare_wall, compare_cpu))
+    if before:
+        before_wall = statistics.median(r[0] for r in before_runs)
+        before_cpu = statistics.median(r[1] for r in before_runs)
+        print("baseline median:         %.3f s wall, %.3f s CPU   (ratio wall %.2f)" % (
+            before_wall, before_cpu, before_wall / diff_wall))
     print("ratio wall (zorvane/diff): %.2f   (goal: at most 0.70)" % (compare_wall / diff_wall))
     print("ratio CPU  (zorvane/diff): %.2f" % (compare_cpu / diff_cpu))
     print("(the copy stays for the next run; remove it with rm -rf %s)" % copy)

@@ -9,8 +9,12 @@ all four found the same sets of identical non-empty files. Hard links count
 as duplicates for every tool (fdupes -H, jdupes -H, rdfind
 -removeidentinode false), as they do for Zorvane.
 
-Usage: bench/dups_vs_others.py [TREE] [RUNS]     (default /usr/share, 5)
-The other tools are installed from Debian when missing.
+Usage: bench/dups_vs_others.py [TREE] [RUNS] [CACHES]
+                                  (default /usr/share, 5, warm,cold)
+The other tools are installed from Debian when missing. With
+ZORVANE_BASELINE_CLI naming another zorvane-cli (an earlier build), that one
+runs alternately with the rest as "baseline", for a before-and-after figure
+from the same run.
 """
 import json
 import shutil
@@ -107,6 +111,9 @@ def main():
         "fdupes": ["fdupes", "-r", "-n", "-H", "-q", tree],
         "jdupes": ["jdupes", "-r", "-H", "-q", tree],
     }
+    baseline = os.environ.get("ZORVANE_BASELINE_CLI")
+    if baseline:
+        tools["baseline"] = [baseline, "dups", "--by", "size,crc", tree]
 
     # Same sets of identical non-empty files.
     outputs = {name: run(command, cwd=work)[2] for name, command in tools.items()}
@@ -116,6 +123,8 @@ def main():
         "fdupes": blank_separated_groups(outputs["fdupes"]),
         "jdupes": blank_separated_groups(outputs["jdupes"]),
     }
+    if baseline:
+        sets["baseline"] = zorvane_groups(outputs["baseline"])
     for name, groups in sets.items():
         same = groups == sets["fdupes"]
         print("%-8s %6d groups, %7d files  %s" % (
@@ -126,7 +135,8 @@ def main():
                 print("   ", sorted(g)[:4])
 
     files = json.loads(run([CLI, "dups", "--by", "size,crc", "--json", tree])[2])["files_scanned"]
-    for cache in ("warm", "cold"):
+    caches = sys.argv[3].split(",") if len(sys.argv) > 3 else ["warm", "cold"]
+    for cache in caches:
         if cache == "cold" and not drop_caches():
             print("\ncold cache: not measured (cannot write /proc/sys/vm/drop_caches here)")
             break

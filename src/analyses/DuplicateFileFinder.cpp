@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <chrono>
+#include <unordered_map>
 
 #include "analyses/CrcServices.h"
 #include "analyses/CrcThreadPool.h"
@@ -25,22 +26,45 @@ size_t CountFiles(const std::vector<CDuplicateGroup>& aGroups) {
     return n;
 }
 
-int CompareSizeOrder(const CFileData* a, const CFileData* b) {
-    if (a->m_dSize != b->m_dSize) return a->m_dSize < b->m_dSize ? -1 : 1;
-    if (a->m_pDirectory != b->m_pDirectory) {
-        const int n = CDirectoryData::ComparePath(a->m_pDirectory, b->m_pDirectory);
-        if (n != 0) return n;
+// Size, directory path and name (without regard to case), all descending.
+// The directories' paths are put in order once, each directory getting a
+// rank (equal for paths that compare equal), so that the sort compares two
+// numbers where it would compare two paths; every comparison comes out as
+// before, and so does the order.
+void SortBySizeDescending(std::vector<CFileData*>& aFiles) {
+    std::unordered_map<const CDirectoryData*, uint32_t> rankOf;
+    std::vector<const CDirectoryData*> aDirs;
+    for (const CFileData* pFile : aFiles)
+        if (rankOf.emplace(pFile->m_pDirectory, 0).second) aDirs.push_back(pFile->m_pDirectory);
+    std::sort(aDirs.begin(), aDirs.end(), [](const CDirectoryData* a, const CDirectoryData* b) {
+        return CDirectoryData::ComparePath(a, b) < 0;
+    });
+    uint32_t uRank = 0;
+    for (size_t i = 0; i < aDirs.size(); ++i) {
+        if (i > 0 && CDirectoryData::ComparePath(aDirs[i - 1], aDirs[i]) != 0) ++uRank;
+        rankOf[aDirs[i]] = uRank;
     }
-    return platform::CompareNoCase(a->m_strName.View(), b->m_strName.View());
+    struct CKey {
+        double dSize;
+        uint32_t uDir;
+        CFileData* pFile;
+    };
+    std::vector<CKey> aKeys;
+    aKeys.reserve(aFiles.size());
+    for (CFileData* pFile : aFiles)
+        aKeys.push_back({pFile->m_dSize, rankOf[pFile->m_pDirectory], pFile});
+    std::sort(aKeys.begin(), aKeys.end(), [](const CKey& a, const CKey& b) {
+        if (a.dSize != b.dSize) return a.dSize > b.dSize;
+        if (a.uDir != b.uDir) return a.uDir > b.uDir;
+        return platform::CompareNoCase(a.pFile->m_strName.View(), b.pFile->m_strName.View()) > 0;
+    });
+    for (size_t i = 0; i < aKeys.size(); ++i) aFiles[i] = aKeys[i].pFile;
 }
 
 void SortForMethod(EPassMethod eMethod, std::vector<CFileData*>& aFiles) {
     switch (eMethod) {
         case EPassMethod::Size:
-            // Size, directory and name, all descending.
-            std::sort(aFiles.begin(), aFiles.end(), [](const CFileData* a, const CFileData* b) {
-                return CompareSizeOrder(a, b) > 0;
-            });
+            SortBySizeDescending(aFiles);
             break;
         case EPassMethod::Name:
             std::sort(aFiles.begin(), aFiles.end(),

@@ -17,8 +17,18 @@ namespace {
 
 // Blocks are larger than the 4096 and 8192 bytes the comparison is defined
 // in: the same bytes are compared, with fewer calls. A short read still ends
-// a file, so only files that change while they are read can tell.
+// a file, so only files that change while they are read can tell. A pair or
+// triple starts with the defined 4096 bytes and doubles its block from
+// there: most files of one size that are not equal differ early, and then
+// nothing beyond the first block is copied.
 constexpr size_t kBlock = 64 * 1024;
+constexpr size_t kFirstBlock = 4096;
+
+size_t NextBlock(size_t uBlock) { return uBlock < kBlock ? uBlock * 2 : kBlock; }
+
+// The read-ahead hint costs a call, and a file of a few blocks is read
+// ahead whole without it.
+bool Sequential(double dSize) { return dSize > static_cast<double>(kBlock); }
 
 unsigned char* Block(int nIndex) {
     thread_local std::unique_ptr<unsigned char[]> s_aBlocks[3];
@@ -32,7 +42,7 @@ CPairComparison ComparePair(const CFileData& a, const CFileData& b, double dSize
     platform::CFileReader aReaders[2];
     const CFileData* aFiles[2] = {&a, &b};
     for (int i = 0; i < 2; ++i) {
-        if (!OpenRecordFile(aReaders[i], *aFiles[i])) {
+        if (!OpenRecordFile(aReaders[i], *aFiles[i], Sequential(dSize))) {
             result.m_bError[i] = true;
             result.m_bDifferent = true;
         }
@@ -43,9 +53,9 @@ CPairComparison ComparePair(const CFileData& a, const CFileData& b, double dSize
     unsigned char* pB = Block(1);
     uint32_t uRegister = Crc32Init();
     bool bFed = false;
-    for (;;) {
-        const int64_t nA = platform::ReadFull(aReaders[0], pA, kBlock);
-        const int64_t nB = platform::ReadFull(aReaders[1], pB, kBlock);
+    for (size_t uBlock = kFirstBlock;; uBlock = NextBlock(uBlock)) {
+        const int64_t nA = platform::ReadFull(aReaders[0], pA, uBlock);
+        const int64_t nB = platform::ReadFull(aReaders[1], pB, uBlock);
         if (nA < 0 || nB < 0) {
             result.m_bError[0] = nA < 0;
             result.m_bError[1] = nB < 0;
@@ -62,7 +72,7 @@ CPairComparison ComparePair(const CFileData& a, const CFileData& b, double dSize
             uRegister = Crc32UpdateFast(uRegister, pA, static_cast<size_t>(nA));
             bFed = true;
         }
-        if (static_cast<size_t>(nA) < kBlock || dSize <= 0) break;
+        if (static_cast<size_t>(nA) < uBlock || dSize <= 0) break;
     }
     if (bWithCrc && bFed) result.m_uCrc = Crc32Final(uRegister);
     return result;
@@ -79,7 +89,7 @@ CTripleComparison CompareTriple(const CFileData* const* aFiles, double dSize, bo
     bool aAlive[3];
     int nFailures = 0;
     for (int i = 0; i < 3; ++i) {
-        aAlive[i] = OpenRecordFile(aReaders[i], *aFiles[i]);
+        aAlive[i] = OpenRecordFile(aReaders[i], *aFiles[i], Sequential(dSize));
         if (!aAlive[i]) {
             result.m_bError[i] = true;
             ++nFailures;
@@ -90,11 +100,11 @@ CTripleComparison CompareTriple(const CFileData* const* aFiles, double dSize, bo
     unsigned char* aBlocks[3] = {Block(0), Block(1), Block(2)};
     uint32_t uRegister = Crc32Init();
     bool bFed = false;
-    while (dSize > 0) {
+    for (size_t uBlock = kFirstBlock; dSize > 0; uBlock = NextBlock(uBlock)) {
         int64_t aRead[3] = {0, 0, 0};
         for (int i = 0; i < 3; ++i) {
             if (!aAlive[i]) continue;
-            aRead[i] = platform::ReadFull(aReaders[i], aBlocks[i], kBlock);
+            aRead[i] = platform::ReadFull(aReaders[i], aBlocks[i], uBlock);
             if (aRead[i] < 0) {
                 result.m_bError[i] = true;
                 aAlive[i] = false;

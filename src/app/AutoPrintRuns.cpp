@@ -37,7 +37,7 @@ bool CAutoPrintRun::WriteFile(const CAutoPrintBlock& block,
     std::string strError;
     std::FILE* pFile = platform::OpenFileForWriting(strName, strError);
     if (!pFile) {
-        if (m_onSkipped) m_onSkipped(strName);
+        if (m_onSkipped) m_onSkipped(strName, ESkipped::Unwritable);
         return false;
     }
     CCheckedFileSink sink(pFile, platform::Utf16ToUtf8(strName), true);
@@ -48,7 +48,7 @@ bool CAutoPrintRun::WriteFile(const CAutoPrintBlock& block,
         bWritten = out.Finish();
     }
     bWritten = sink.Close() && bWritten;
-    if (!bWritten && m_onSkipped) m_onSkipped(strName);
+    if (!bWritten && m_onSkipped) m_onSkipped(strName, ESkipped::Unwritable);
     return bWritten;
 }
 
@@ -81,7 +81,11 @@ void CAutoPrintRun::RunAutoPrintMain() {
 
 void CAutoPrintRun::RunAutoPrintDupFiles() {
     const CAutoPrintBlock& block = m_doc.m_print.m_autoPrint.m_dupFiles;
-    if (!Writable(block) || !m_doc.m_options.m_dupFiles.Any()) return;
+    if (!Writable(block)) return;
+    if (!m_doc.m_options.m_dupFiles.Any()) {
+        if (m_onSkipped) m_onSkipped(block.m_strFile, ESkipped::NoFileCriterion);
+        return;
+    }
     if (!FindDuplicateFiles(m_doc) || m_doc.m_bStopRequested) return;
     SortDuplicateGroups(m_doc.m_results.m_aDuplicateGroups, m_doc.m_options.m_dupFiles);
     WriteFile(block, [&](CReportStream& out) {
@@ -91,7 +95,11 @@ void CAutoPrintRun::RunAutoPrintDupFiles() {
 
 void CAutoPrintRun::RunAutoPrintDupDirs() {
     const CAutoPrintBlock& block = m_doc.m_print.m_autoPrint.m_dupDirs;
-    if (!Writable(block) || !m_doc.m_options.m_dupDirs.Any()) return;
+    if (!Writable(block)) return;
+    if (!m_doc.m_options.m_dupDirs.Any()) {
+        if (m_onSkipped) m_onSkipped(block.m_strFile, ESkipped::NoDirCriterion);
+        return;
+    }
     if (!FindDuplicateDirs(m_doc) || m_doc.m_bStopRequested) return;
     auto& aGroups = m_doc.m_results.m_aDuplicateDirGroups;
     SortDuplicateDirGroups(aGroups, m_doc.m_options.m_dupDirs);

@@ -2,7 +2,8 @@
 // order main, duplicate files, duplicate directories, largest files,
 // largest directories, largest owner, largest type, each into its own file
 // (dated when its block says so). Nothing is asked and nothing is shown: a
-// report whose file cannot be opened, or whose list is empty, is left out.
+// report whose file cannot be opened, whose list is empty, or whose search
+// has no criterion to search by, is left out.
 #pragma once
 
 #include <functional>
@@ -16,8 +17,14 @@ class CReportStream;
 
 class CAutoPrintRun {
 public:
-    // Told the name of each report that could not be opened or written.
-    using SkippedFn = std::function<void(const std::u16string& strFile)>;
+    enum class ESkipped {
+        Unwritable,       // the file could not be opened or written
+        NoFileCriterion,  // duplicate files, and no criterion to search by
+        NoDirCriterion,   // duplicate directories, and no criterion
+    };
+    // Told the name of each report left out, and why. An empty list is not
+    // told: it is what the search found.
+    using SkippedFn = std::function<void(const std::u16string& strFile, ESkipped eWhy)>;
 
     CAutoPrintRun(CWZorvaneDoc& doc, SkippedFn onSkipped)
         : m_doc(doc), m_onSkipped(std::move(onSkipped)) {}

@@ -12,6 +12,15 @@
 #include "platform/FileSystem.h"
 #include "platform/Text.h"
 
+// Built with the address sanitizer, whose leak check runs at exit.
+#if defined(__SANITIZE_ADDRESS__)
+#define ZORVANE_LEAK_CHECKED
+#elif defined(__has_feature)
+#if __has_feature(address_sanitizer)
+#define ZORVANE_LEAK_CHECKED
+#endif
+#endif
+
 namespace zv {
 
 namespace {
@@ -61,19 +70,27 @@ std::u16string WithoutTrailingSeparators(std::u16string strPath) {
     return strPath;
 }
 
-CCommandScan::CCommandScan(const CScanCommandOptions& options) : m_options(options) {
+CCommandScan::CCommandScan(const CScanCommandOptions& options)
+    : m_options(options), m_pDoc(std::make_unique<CWZorvaneDoc>()) {
     platform::PrepareConsoleProcess();
     SetHost(&m_host);
-    SetMainDocument(&m_doc);
+    SetMainDocument(m_pDoc.get());
 }
 
 CCommandScan::~CCommandScan() {
     SetMainDocument(nullptr);
     SetHost(nullptr);
+    if (m_bLeaveDocument) (void)m_pDoc.release();
+}
+
+void CCommandScan::LeaveDocumentToExit() {
+#if !defined(ZORVANE_LEAK_CHECKED)
+    m_bLeaveDocument = true;
+#endif
 }
 
 int CCommandScan::Prepare() {
-    if (!OpenDocumentWithSettings(m_doc, m_options.m_strSettingsFile)) return kExitUsage;
+    if (!OpenDocumentWithSettings(*m_pDoc, m_options.m_strSettingsFile)) return kExitUsage;
     int nStatus = 0;
     for (const std::string& strRoot : m_options.m_aRoots) {
         const std::u16string strPath = WithoutTrailingSeparators(platform::Utf8ToUtf16(strRoot));
@@ -88,10 +105,10 @@ int CCommandScan::Prepare() {
         }
         auto* pRoot = new CRootDirectoryData(strPath, entry.ftCreated, entry.ftAccessed,
                                              entry.ftModified, entry.uAttributes);
-        pRoot->Prepare(m_doc.m_scan.m_aDrives);
-        m_doc.m_scan.m_aRoots.Add(pRoot);
+        pRoot->Prepare(m_pDoc->m_scan.m_aDrives);
+        m_pDoc->m_scan.m_aRoots.Add(pRoot);
     }
-    if (nStatus == 0 && m_doc.m_scan.m_aRoots.IsEmpty()) {
+    if (nStatus == 0 && m_pDoc->m_scan.m_aRoots.IsEmpty()) {
         std::fprintf(stderr,
                      "zorvane-cli: nothing to scan: give a ROOT, or a settings file with "
                      "[SCAN DIRECTORIES]\n");
@@ -99,25 +116,26 @@ int CCommandScan::Prepare() {
     }
     if (nStatus != 0) return nStatus;
     // Options given on the command line win over the settings file.
-    if (m_options.m_nMaxDepth) m_doc.m_options.m_nMaxDepth = *m_options.m_nMaxDepth;
-    if (m_options.m_bNoSubdirs) m_doc.m_options.m_bScanSubdirs = 0;
+    if (m_options.m_nMaxDepth) m_pDoc->m_options.m_nMaxDepth = *m_options.m_nMaxDepth;
+    if (m_options.m_bNoSubdirs) m_pDoc->m_options.m_bScanSubdirs = 0;
     // Only the settings-file form is the unattended run; every other command
     // has output of its own after the scan, which a settings file's "Exit
     // program after printing" must not cut off.
-    if (!m_options.m_bRemember) m_doc.m_print.m_autoPrint.m_bExit = 0;
-    ApplyFilterOptions(m_options, m_doc.m_filters);
+    if (!m_options.m_bRemember) m_pDoc->m_print.m_autoPrint.m_bExit = 0;
+    ApplyFilterOptions(m_options, m_pDoc->m_filters);
     return 0;
 }
 
 void CCommandScan::Scan(IScanSteps* pSteps) {
-    CScanFilter filter(m_doc);
+    CScanFilter filter(*m_pDoc);
     CProgramScanSteps steps(m_options.m_bRemember);
-    CScanner scanner(m_doc, &filter, pSteps ? pSteps : &steps);
+    CScanner scanner(*m_pDoc, &filter, pSteps ? pSteps : &steps);
     if (m_options.m_nThreads) scanner.SetReadThreads(size_t(*m_options.m_nThreads));
     const auto start = std::chrono::steady_clock::now();
     scanner.Rescan();
     const std::chrono::duration<double> elapsed = std::chrono::steady_clock::now() - start;
     m_dElapsedSeconds = elapsed.count();
+    m_bReportsLeftOut = !pSteps && steps.ReportsLeftOut() != 0;
     m_host.ClearLine();
 }
 

@@ -10,11 +10,13 @@
 #include "app/JsonWriter.h"
 #include "app/ResultReportOutput.h"
 #include "app/SettingsCommand.h"
+#include "app/TwoRootScan.h"
 #include "compare/CompareStatus.h"
 #include "compare/DiffProgram.h"
 #include "compare/DirectoryCompare.h"
 #include "compare/FileCompare.h"
 #include "compare/FilePairCompare.h"
+#include "core/records/RecordPath.h"
 #include "platform/FileSystem.h"
 #include "platform/Process.h"
 #include "platform/Text.h"
@@ -69,17 +71,50 @@ std::string ShowWordList() {
     return strList;
 }
 
+// The full paths of the entries' records. The files of a directory follow
+// one another in the list, so each side keeps the path of the last
+// directory whose files it named, and a file's path is that and its name.
+class CEntryPaths {
+public:
+    std::u16string Left(const CCompareEntry& entry) {
+        return Path(entry.m_pLeftFile, entry.m_pLeftDir, m_left);
+    }
+    std::u16string Right(const CCompareEntry& entry) {
+        return Path(entry.m_pRightFile, entry.m_pRightDir, m_right);
+    }
+
+private:
+    struct CLastDirectory {
+        const CDirectoryData* pDir = nullptr;
+        std::u16string strPath;
+    };
+
+    static std::u16string Path(const CFileData* pFile, const CDirectoryData* pDir,
+                               CLastDirectory& last) {
+        if (!pFile) return pDir ? pDir->GetFullPath() : std::u16string();
+        if (!pFile->m_pDirectory) return pFile->GetFullPath();
+        if (pFile->m_pDirectory != last.pDir) {
+            last.pDir = pFile->m_pDirectory;
+            last.strPath = last.pDir->GetFullPath();
+        }
+        return JoinPath(last.strPath, pFile->m_strName.View());
+    }
+
+    CLastDirectory m_left, m_right;
+};
+
 std::string FormatJson(const CCompareList& list, const CCompareShowFlags& show) {
     CJsonWriter json;
+    CEntryPaths paths;
     json.BeginObject();
     json.Key("entries").BeginArray();
     for (const auto& pEntry : list.m_aEntries) {
         if (!show.Shows(*pEntry)) continue;
         json.BeginObject();
         json.Key("left");
-        pEntry->HasLeft() ? json.String(pEntry->LeftPath()) : json.Null();
+        pEntry->HasLeft() ? json.String(paths.Left(*pEntry)) : json.Null();
         json.Key("right");
-        pEntry->HasRight() ? json.String(pEntry->RightPath()) : json.Null();
+        pEntry->HasRight() ? json.String(paths.Right(*pEntry)) : json.Null();
         json.Key("directory").Bool(!pEntry->m_bFile);
         json.Key("status").Number(static_cast<uint64_t>(pEntry->m_nStatus));
         json.Key("text").String(GetCompareStatusText(*pEntry));
@@ -94,12 +129,16 @@ std::string FormatJson(const CCompareList& list, const CCompareShowFlags& show) 
 // by tabs; a side without a record is empty.
 std::string FormatText(const CCompareList& list, const CCompareShowFlags& show) {
     std::string strOut;
+    CEntryPaths paths;
     for (const auto& pEntry : list.m_aEntries) {
         if (!show.Shows(*pEntry)) continue;
         strOut += pEntry->m_bFile ? "file\t" : "dir\t";
-        strOut += platform::Utf16ToUtf8(GetCompareStatusText(*pEntry)) + "\t";
-        strOut += platform::Utf16ToUtf8(pEntry->LeftPath()) + "\t";
-        strOut += platform::Utf16ToUtf8(pEntry->RightPath()) + "\n";
+        strOut += platform::Utf16ToUtf8(GetCompareStatusText(*pEntry));
+        strOut += '\t';
+        strOut += platform::Utf16ToUtf8(paths.Left(*pEntry));
+        strOut += '\t';
+        strOut += platform::Utf16ToUtf8(paths.Right(*pEntry));
+        strOut += '\n';
     }
     return strOut;
 }
@@ -189,6 +228,7 @@ int RunCompareCommand(const CCompareOptions& options) {
     CCommandScan command(scan);
     if (const int nStatus = command.Prepare(); nStatus != 0) return nStatus;
     CWZorvaneDoc& doc = command.Doc();
+    command.LeaveDocumentToExit();
     // Only the two directories are scanned, not the settings file's roots.
     auto& aRoots = doc.m_scan.m_aRoots;
     while (aRoots.GetSize() > 2) aRoots.DeleteAt(0);
@@ -198,7 +238,14 @@ int RunCompareCommand(const CCompareOptions& options) {
         command.Host().ShowMessage(strRefusal);
         return kError;
     }
-    command.Scan();
+    // The two trees are walked at the same time where nothing after the
+    // walk spans both.
+    if (CanScanRootsAtOnce(doc)) {
+        ScanRootsAtOnce(doc);
+        command.Host().ClearLine();
+    } else {
+        command.Scan();
+    }
     if (doc.m_bStopRequested) return kError;
 
     CDirectoryCompare compare(doc.m_results.m_compare, DefaultMode(doc));

@@ -13,6 +13,8 @@ namespace {
 
 constexpr auto kRedrawInterval = std::chrono::milliseconds(100);
 
+thread_local CWZorvaneDoc* t_pThreadDocument = nullptr;
+
 void WriteErr(std::u16string_view strText) {
     const std::string strUtf8 = platform::Utf16ToUtf8(strText);
     std::fwrite(strUtf8.data(), 1, strUtf8.size(), stderr);
@@ -45,6 +47,7 @@ public:
 
 private:
     void Draw() {
+        if (!m_host.IsTerminal()) return;  // then nothing is drawn: the line is not made
         std::u16string strLine = platform::U16(std::to_string(m_nPercent)) + u"% ";
         for (const std::u16string* p : {&m_strText, &m_aLines[0], &m_aLines[1], &m_aLines[2]}) {
             if (p->empty()) continue;
@@ -69,7 +72,13 @@ CConsoleHost::CConsoleHost() : m_bTerminal(platform::IsStderrTerminal()) {
 
 CConsoleHost::~CConsoleHost() { ClearLine(); }
 
+void CConsoleHost::SetThreadDocument(CWZorvaneDoc* pDoc) { t_pThreadDocument = pDoc; }
+
 void CConsoleHost::PumpMessages() {
+    if (t_pThreadDocument) {
+        if (m_bInterrupted) t_pThreadDocument->m_bStopRequested = 1;
+        return;
+    }
     if (!platform::TakeInterrupt()) return;
     m_bInterrupted = true;
     CWZorvaneDoc* pDoc = GetMainDocument();

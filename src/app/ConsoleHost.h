@@ -3,6 +3,7 @@
 // terminal (and nothing otherwise), and Ctrl-C asks the running scan to stop.
 #pragma once
 
+#include <atomic>
 #include <chrono>
 #include <mutex>
 #include <string>
@@ -12,6 +13,7 @@
 namespace zv {
 
 class CProgressDialog;
+class CWZorvaneDoc;
 
 class CConsoleHost : public IHost {
 public:
@@ -28,11 +30,18 @@ public:
 
     // Draws the progress line now, if there is one to draw.
     void DrawLine(std::u16string_view strText, bool bForce = false);
+    // Whether progress lines are drawn at all (stderr is a terminal).
+    bool IsTerminal() const { return m_bTerminal; }
     // Clears the progress line, so that ordinary output starts on a clean line.
     void ClearLine();
     // Whether Ctrl-C was pressed: it stops a running scan, or presses Cancel
     // on the open progress dialog that has one.
     bool WasInterrupted() const { return m_bInterrupted; }
+    // Names the document that a scan on the calling thread, other than the
+    // main thread, fills; null when it is done. Such a thread leaves Ctrl-C
+    // to the main thread and stops its own scan once Ctrl-C was pressed, so
+    // that each thread only writes to its own document.
+    static void SetThreadDocument(CWZorvaneDoc* pDoc);
     // The progress view tells when its dialog opens and closes.
     void SetStoppableDialog(CProgressDialog* pDialog) { m_pStoppable = pDialog; }
 
@@ -42,7 +51,7 @@ private:
     bool m_bTerminal;
     bool m_bLineShown = false;
     std::chrono::steady_clock::time_point m_lastDraw;
-    bool m_bInterrupted = false;
+    std::atomic<bool> m_bInterrupted{false};
     CProgressDialog* m_pStoppable = nullptr;
 };
 

@@ -157,6 +157,7 @@ int RunDupsCommand(CDupsOptions& options) {
     const int nStatus = command.Prepare();
     if (nStatus != kExitOk) return nStatus;
     CWZorvaneDoc& doc = command.Doc();
+    command.LeaveDocumentToExit();
     if (options.m_bDirectories)
         ApplyDirCriteria(options.m_aBy, doc.m_options.m_dupDirs);
     else

@@ -121,6 +121,7 @@ CLI::App* AddLargestCommand(CLI::App& app, CLargestCommandOptions& options) {
 
 int RunLargestCommand(const CLargestCommandOptions& options) {
     CCommandScan command(options.m_scan);
+    command.LeaveDocumentToExit();
     const int nPrepared = command.Prepare();
     if (nPrepared != kExitOk) return nPrepared;
     CWZorvaneDoc& doc = command.Doc();

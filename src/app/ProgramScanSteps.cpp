@@ -23,9 +23,22 @@ void CProgramScanSteps::ClearTables() {
 }
 
 void CProgramScanSteps::RunAutoPrint() {
-    CAutoPrintRun(*m_pDocument, [](const std::u16string& strFile) {
-        std::fprintf(stderr, "zorvane-cli: cannot write the report %s\n",
-                     platform::Utf16ToUtf8(strFile).c_str());
+    using ESkipped = CAutoPrintRun::ESkipped;
+    CAutoPrintRun(*m_pDocument, [this](const std::u16string& strFile, ESkipped eWhy) {
+        ++m_nReportsLeftOut;
+        const std::string strName = platform::Utf16ToUtf8(strFile);
+        if (eWhy == ESkipped::Unwritable) {
+            std::fprintf(stderr, "zorvane-cli: cannot write the report %s\n", strName.c_str());
+            return;
+        }
+        // The settings keys that would have given the search a criterion.
+        const bool bFiles = eWhy == ESkipped::NoFileCriterion;
+        std::fprintf(stderr,
+                     "zorvane-cli: the duplicate %s report %s is not written: the settings file "
+                     "ticks no criterion to find duplicate %s by (the \"Duplicate %s by ...\" "
+                     "keys of [DUPLICATE OPTIONS])\n",
+                     bFiles ? "files" : "directories", strName.c_str(),
+                     bFiles ? "files" : "directories", bFiles ? "files" : "dirs");
     }).Run();
 }
 

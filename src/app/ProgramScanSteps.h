@@ -19,15 +19,20 @@ public:
     // kept only on request during a scan.
     void ClearTables() override;
     void SaveRemembered() override;
-    // The Auto Print reports; one that cannot be written is named on stderr.
+    // The Auto Print reports; one that cannot be written, or a duplicate
+    // report without a criterion to search by, is named on stderr.
     void RunAutoPrint() override;
     void ApplyCrcList() override;
     void ExitAfterPrinting() override;
     // The duplicate searches the settings ask for after every scan.
     void FindDuplicates() override;
 
+    // How many Auto Print reports were left out by the last run.
+    int ReportsLeftOut() const { return m_nReportsLeftOut; }
+
 private:
     bool m_bRemember;
+    int m_nReportsLeftOut = 0;
 };
 
 }  // namespace zv

@@ -57,8 +57,8 @@ private:
     std::unique_ptr<CProgressDialog> m_pProgress;
     // A batch ends at a count of pairs or of bytes, so that progress and a
     // stop request are not held up for long.
-    static constexpr size_t kPendingBatch = 96;
-    static constexpr double kPendingBytes = 32.0 * 1024 * 1024;
+    static constexpr size_t kPendingBatch = 512;
+    static constexpr double kPendingBytes = 64.0 * 1024 * 1024;
     // Entries already in the list or in the current directory's, whose
     // files are still to be compared.
     std::vector<CCompareEntry*> m_aPending;

@@ -181,9 +181,12 @@ CPairResult CompareFilesOfPair(CFileData& left, CFileData& right, int nMode,
     if ((left.m_uFlags & FILE_CRC_VALID) && (right.m_uFlags & FILE_CRC_VALID))
         return {left.m_uCrc == right.m_uCrc ? CompareIdentical : CompareFileCrc, 0};
     if (nMode == 2) {
+        // A file read in one chunk gains nothing from the read-ahead hint,
+        // which costs a call.
+        const bool bSequential = left.m_dSize > static_cast<double>(kChunk);
         platform::CFileReader leftReader, rightReader;
-        if (!OpenRecordFile(leftReader, left)) return {CompareLeftUnreadable, 0};
-        if (!OpenRecordFile(rightReader, right)) return {CompareRightUnreadable, 0};
+        if (!OpenRecordFile(leftReader, left, bSequential)) return {CompareLeftUnreadable, 0};
+        if (!OpenRecordFile(rightReader, right, bSequential)) return {CompareRightUnreadable, 0};
         return CompareOpenedBinary(leftReader, rightReader, left.m_strName.View(), left.m_dSize,
                                    pProgress);
     }

@@ -2,8 +2,9 @@
 """Checks the unattended run `zorvane-cli SETTINGS_FILE` with all seven Auto
 Print reports on: written in their fixed order in the chosen forms, dated
 names, a report that cannot be opened skipped (and named on stderr) while the
-others are written, exit status 0 with "Exit program after printing", and
-nothing written when the scan finds no file.
+others are written, exit status 0 with "Exit program after printing", a
+duplicate report without a criterion named on stderr, and nothing written
+when the scan finds no file.
 
 Usage: autoprint_cli_test.py ZORVANE_CLI            (native)
        autoprint_cli_test.py --wine WINE ZORVANE_CLI.exe
@@ -58,15 +59,17 @@ class Runner:
                               stderr=subprocess.PIPE, timeout=300)
 
 
-def write_settings(path, runner, root, out, unwritable=None):
-    lines = ["[SCAN DIRECTORIES]", runner.native(root), "", "[DUPLICATE OPTIONS]",
-             "Duplicate files by CRC=1", "Duplicate dirs by CRC=1", ""]
+def write_settings(path, runner, root, out, unwritable=None, criteria=True, exit_after=True):
+    lines = ["[SCAN DIRECTORIES]", runner.native(root), "", "[DUPLICATE OPTIONS]"]
+    if criteria:
+        lines += ["Duplicate files by CRC=1", "Duplicate dirs by CRC=1"]
+    lines.append("")
     for block, form, name, is_dated in REPORTS:
         target = os.path.join(out if name != unwritable else out + "/missing", name)
         lines += ["[%s]" % block, "autoprint=1", "print_type=" + form,
                   "fname=" + runner.native(target),
                   "Append date to file name=%d" % is_dated]
-        if block == "AUTOPRINT_MAIN":
+        if block == "AUTOPRINT_MAIN" and exit_after:
             lines.append("Exit program after printing=1")
         lines.append("")
     with open(path, "w", encoding="utf-8") as f:
@@ -128,6 +131,18 @@ def main(argv):
             failures.append("unwritable: status %d, stderr %r" % (result.returncode, result.stderr))
         if len(os.listdir(out2)) != 6:
             failures.append("unwritable: wrote %s" % os.listdir(out2))
+
+        # Duplicate reports without a criterion: both named on stderr, the
+        # others written, and the run counts as incomplete.
+        out4 = os.path.join(work, "out4")
+        os.makedirs(out4)
+        write_settings(settings, runner, root, out4, criteria=False, exit_after=False)
+        result = runner.run(settings)
+        stderr = result.stderr.decode("utf-8", "replace")
+        if (result.returncode != 1 or "duplicate files report" not in stderr
+                or "duplicate directories report" not in stderr or len(os.listdir(out4)) != 5):
+            failures.append("no criterion: status %d, stderr %r, wrote %s" % (
+                result.returncode, stderr, os.listdir(out4)))
 
         # The same reports from the commands, through --format and -o.
         for args, first in [
