@@ -13,7 +13,6 @@ void WalkTree(CReportContext& ctx, CDirectoryData& root,
     while (!aStack.empty() && !ctx.Stopped()) {
         CDirectoryData& dir = *aStack.back();
         aStack.pop_back();
-        ctx.Sort(dir);
         ctx.PrepareRows(dir, aStack);
         writeBlock(dir);
         for (size_t i = dir.m_aChildren.GetSize(); i-- > 0;) aStack.push_back(dir.m_aChildren[i]);
