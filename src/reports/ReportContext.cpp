@@ -92,7 +92,9 @@ std::vector<CFileData*> CReportContext::FilesAhead(CDirectoryData& dir,
         const size_t nBefore = aFiles.size();
         for (CFileData* pFile : d.m_aFiles)
             if (Wanted(*pFile)) aFiles.push_back(pFile);
-        if (pVisited && aFiles.size() != nBefore) pVisited->insert(&d);
+        if (aFiles.size() == nBefore) return false;
+        if (pVisited) pVisited->insert(&d);
+        return true;
     };
     // The walk's own order: each subtree sorted and in preorder.
     const auto Visit = [&](CDirectoryData* pStart) {
@@ -103,8 +105,9 @@ std::vector<CFileData*> CReportContext::FilesAhead(CDirectoryData& dir,
             // Sorted already when its batch was made.
             if (!pSkip || !pSkip->count(&d)) {
                 Sort(d);
-                AddFiles(d);
-                ++nDirs;
+                // Only directories that give files count: the look-ahead
+                // passes over those done already.
+                if (AddFiles(d)) ++nDirs;
             }
             for (size_t i = d.m_aChildren.GetSize(); i-- > 0;) aStack.push_back(d.m_aChildren[i]);
         }
@@ -155,10 +158,12 @@ void CReportContext::PrepareRows(CDirectoryData& dir,
     if (bNeeded) RecordServices().ComputeCrcs(FilesAhead(dir, aPending, NeedsCrc, kCrcBatchFiles));
     // This block's files have their checksums: the workers go on with the
     // files after them while its rows are written.
+    if (m_bNoCrcsAhead) return;
     std::vector<CFileData*> aAhead =
         FilesAhead(dir, aPending, NeedsCrc, kCrcAheadFiles, nullptr, &m_aCrcBatchDirs);
     if (aAhead.empty()) {
-        m_aCrcBatchDirs.clear();
+        // The rest of the walk has them all: no need to look again.
+        m_bNoCrcsAhead = true;
         return;
     }
     m_bCrcBatchRunning = true;

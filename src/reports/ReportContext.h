@@ -59,6 +59,8 @@ public:
     // one batch ahead of the rows that print them. With the version
     // columns on, finds which of those files have a version block.
     void PrepareRows(CDirectoryData& dir, const std::vector<CDirectoryData*>& aPending);
+    // Before a walk over another tree, whose files PrepareRows has not seen.
+    void BeginWalk() { m_bNoCrcsAhead = false; }
     // With directory checksums over subdirectories in the report, the
     // checksums of every file below top, in large batches.
     void PrepareSubtreeCrcs(CDirectoryData& top);
@@ -100,6 +102,7 @@ private:
     const CDirectoryData* m_pPathDir = nullptr;
     // The batch the checksum workers run ahead of the writer, by directory.
     bool m_bCrcBatchRunning = false;
+    bool m_bNoCrcsAhead = false;
     DirectorySet m_aCrcBatchDirs;
     std::u16string m_strPathDir;
 };

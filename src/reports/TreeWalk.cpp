@@ -9,6 +9,7 @@ namespace zv {
 
 void WalkTree(CReportContext& ctx, CDirectoryData& root,
               const std::function<void(CDirectoryData&)>& writeBlock) {
+    ctx.BeginWalk();
     std::vector<CDirectoryData*> aStack{&root};
     while (!aStack.empty() && !ctx.Stopped()) {
         CDirectoryData& dir = *aStack.back();

@@ -1,6 +1,8 @@
 #include "platform/DirectoryHandle.h"
 
 #include <windows.h>
+// The platform function of that name, not the API macro.
+#undef GetFileAttributes
 
 #include <map>
 #include <optional>
