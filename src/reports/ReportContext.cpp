@@ -172,20 +172,35 @@ void CReportContext::PrepareRows(CDirectoryData& dir,
 
 void CReportContext::PrepareSubtreeCrcs(CDirectoryData& top) {
     constexpr size_t kBatch = 4096;
-    std::vector<CFileData*> aBatch;
+    // While the workers compute a batch, the files of the one before are
+    // probed for version blocks: those records are no longer theirs.
+    const bool bProbe = !Flag(PrintNoFiles) && m_columns.AnyVersion();
+    std::vector<CFileData*> aBatch, aPrevious;
+    const auto Probe = [&] {
+        if (!bProbe) return;
+        std::vector<CFileData*> aProbe;
+        for (CFileData* pFile : aPrevious)
+            if (NeedsVersionProbe(*pFile)) aProbe.push_back(pFile);
+        ProbeVersionBlocks(aProbe);
+    };
+    const auto Run = [&] {
+        RecordServices().StartCrcs(aBatch);
+        Probe();
+        RecordServices().FinishCrcs(Stopped());
+        aPrevious.swap(aBatch);
+        aBatch.clear();
+    };
     std::vector<CDirectoryData*> aStack{&top};
-    while (!aStack.empty()) {
+    while (!aStack.empty() && !Stopped()) {
         CDirectoryData& d = *aStack.back();
         aStack.pop_back();
         for (CFileData* pFile : d.m_aFiles)
             if (NeedsCrc(*pFile)) aBatch.push_back(pFile);
-        if (aBatch.size() >= kBatch) {
-            RecordServices().ComputeCrcs(aBatch);
-            aBatch.clear();
-        }
+        if (aBatch.size() >= kBatch) Run();
         for (CDirectoryData* pChild : d.m_aChildren) aStack.push_back(pChild);
     }
-    RecordServices().ComputeCrcs(aBatch);
+    Run();
+    Probe();
 }
 
 const CRowMetadata& CReportContext::ReadRow(CFileData& file) {

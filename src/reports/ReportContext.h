@@ -62,7 +62,8 @@ public:
     // Before a walk over another tree, whose files PrepareRows has not seen.
     void BeginWalk() { m_bNoCrcsAhead = false; }
     // With directory checksums over subdirectories in the report, the
-    // checksums of every file below top, in large batches.
+    // checksums of every file below top, in large batches, and with the
+    // version columns on the version probes of those files meanwhile.
     void PrepareSubtreeCrcs(CDirectoryData& top);
     // Reads the metadata of a file for its row into m_row.
     const CRowMetadata& ReadRow(CFileData& file);
