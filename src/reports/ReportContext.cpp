@@ -149,15 +149,26 @@ void CReportContext::PrepareRows(CDirectoryData& dir,
     // The running batch holds none of this block's files; it is waited
     // for where the block needs it.
     if (m_bCrcBatchRunning) return;
-    const auto FirstNeedsCrc = [](const CDirectoryData& d) {
-        return !d.m_aFiles.IsEmpty() && NeedsCrc(*d.m_aFiles[0]);
+    // The block's own records: the directory's files, and its
+    // subdirectories' for their directory rows.
+    const auto BlockFilesNeedingCrc = [&dir] {
+        std::vector<CFileData*> aFiles;
+        const auto Add = [&](const CDirectoryData& d) {
+            for (CFileData* pFile : d.m_aFiles)
+                if (NeedsCrc(*pFile)) aFiles.push_back(pFile);
+        };
+        Add(dir);
+        for (const CDirectoryData* pChild : dir.m_aChildren) Add(*pChild);
+        return aFiles;
     };
-    bool bNeeded = FirstNeedsCrc(dir);
-    for (size_t i = 0; !bNeeded && i < dir.m_aChildren.GetSize(); ++i)
-        bNeeded = FirstNeedsCrc(*dir.m_aChildren[i]);
-    if (bNeeded) RecordServices().ComputeCrcs(FilesAhead(dir, aPending, NeedsCrc, kCrcBatchFiles));
-    // This block's files have their checksums: the workers go on with the
-    // files after them while its rows are written.
+    if (!BlockFilesNeedingCrc().empty()) {
+        // With the files after them, up to a batch; what a large first
+        // subdirectory crowds out of it follows in a second.
+        RecordServices().ComputeCrcs(FilesAhead(dir, aPending, NeedsCrc, kCrcBatchFiles));
+        RecordServices().ComputeCrcs(BlockFilesNeedingCrc());
+    }
+    // This block's records have their checksums: the workers go on with
+    // the files after them while its rows are written.
     if (m_bNoCrcsAhead) return;
     std::vector<CFileData*> aAhead =
         FilesAhead(dir, aPending, NeedsCrc, kCrcAheadFiles, nullptr, &m_aCrcBatchDirs);
