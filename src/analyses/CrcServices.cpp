@@ -23,6 +23,13 @@ void CCrcRecordServices::ComputeCrcs(const std::vector<CFileData*>& aFiles) {
     m_pool.ComputeCrcs(aFiles);
 }
 
+void CCrcRecordServices::StartCrcs(std::vector<CFileData*> aFiles) {
+    // A pool already busy computes nothing; the rows then ask file by file.
+    m_pool.StartCrcs(std::move(aFiles));
+}
+
+void CCrcRecordServices::FinishCrcs(bool bCancel) { m_pool.FinishCrcs(bCancel); }
+
 namespace {
 
 CCrcThreadPool* InstalledPool() {

@@ -17,6 +17,8 @@ public:
     uint32_t Crc32OfFileWithoutTags(const std::u16string& strPath, bool& bFailed) override;
     uint32_t Crc32OfBlock(const void* pData, size_t uLength) override;
     void ComputeCrcs(const std::vector<CFileData*>& aFiles) override;
+    void StartCrcs(std::vector<CFileData*> aFiles) override;
+    void FinishCrcs(bool bCancel) override;
 
     CCrcThreadPool& Pool() { return m_pool; }
 

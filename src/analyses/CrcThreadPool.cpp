@@ -37,6 +37,7 @@ void Compute(CFileData& file, ECrcOperation eOperation) {
 }  // namespace
 
 CCrcThreadPool::~CCrcThreadPool() {
+    FinishCrcs(true);
     for (CSlot& slot : m_aSlots) {
         std::lock_guard lock(slot.mutex);
         slot.bStop = true;
@@ -83,6 +84,28 @@ void CCrcThreadPool::RunBatch(const std::vector<CFileData*>& aFiles, ECrcOperati
     if (aFiles.empty() || !EnsureThreads()) return;
     // The guard against re-entry through the message pump below.
     if (s_bBusy.load()) return;
+    StartBatch(aFiles, eOperation);
+    WaitBatch();
+}
+
+bool CCrcThreadPool::StartCrcs(std::vector<CFileData*> aFiles) {
+    if (aFiles.empty() || !EnsureThreads() || s_bBusy.load()) return false;
+    m_aStartedFiles = std::move(aFiles);
+    m_bStarted = true;
+    StartBatch(m_aStartedFiles, ECrcOperation::Whole);
+    return true;
+}
+
+void CCrcThreadPool::FinishCrcs(bool bCancel) {
+    if (!m_bStarted) return;
+    if (bCancel) m_bCancel.store(true);
+    WaitBatch();
+    m_bCancel.store(false);
+    m_bStarted = false;
+    m_aStartedFiles.clear();
+}
+
+void CCrcThreadPool::StartBatch(const std::vector<CFileData*>& aFiles, ECrcOperation eOperation) {
     s_bBusy.store(true);
     for (CSlot& slot : m_aSlots) {
         std::lock_guard lock(slot.mutex);
@@ -91,6 +114,9 @@ void CCrcThreadPool::RunBatch(const std::vector<CFileData*>& aFiles, ECrcOperati
         slot.bStart = true;
         slot.signal.notify_all();
     }
+}
+
+void CCrcThreadPool::WaitBatch() {
     for (CSlot& slot : m_aSlots) WaitPumping(slot);
     s_bBusy.store(false);
     const std::u16string strCurrentDir = CurrentDirectoryText();
@@ -118,7 +144,8 @@ void CCrcThreadPool::WorkerLoop(int nWorker) {
         const ECrcOperation eOperation = slot.eOperation;
         lock.unlock();
 
-        for (size_t i = static_cast<size_t>(nWorker); i < aFiles.size(); i += kWorkers)
+        for (size_t i = static_cast<size_t>(nWorker); i < aFiles.size() && !m_bCancel.load();
+             i += kWorkers)
             Compute(*aFiles[i], eOperation);
         CloseRecordDirectories();
 

@@ -6,6 +6,7 @@
 // the first batch and live as long as the pool.
 #pragma once
 
+#include <atomic>
 #include <condition_variable>
 #include <mutex>
 #include <thread>
@@ -41,6 +42,15 @@ public:
     void ComputeMp3Crcs(const std::vector<CFileData*>& aFiles);
     void ComputeQuickCrcs(const std::vector<CFileData*>& aFiles);
 
+    // A batch of whole-file checksums that runs while the caller goes on:
+    // StartCrcs returns at once and the pool keeps the list; FinishCrcs
+    // waits for it (with bCancel, the workers leave the files they have not
+    // begun). Until then the pool is busy, and the records of the list are
+    // the workers'. False when the batch did not start (the pool was busy
+    // or has no threads); FinishCrcs without a started batch does nothing.
+    bool StartCrcs(std::vector<CFileData*> aFiles);
+    void FinishCrcs(bool bCancel = false);
+
     // Whether a batch is running, in any pool of the process. The checksum
     // of a large file does not pump messages while it is set.
     static bool IsBusy();
@@ -63,8 +73,14 @@ private:
     void WaitPumping(CSlot& slot);
     void WorkerLoop(int nWorker);
 
+    void StartBatch(const std::vector<CFileData*>& aFiles, ECrcOperation eOperation);
+    void WaitBatch();
+
     CSlot m_aSlots[kWorkers];
     std::thread m_aThreads[kWorkers];
+    std::vector<CFileData*> m_aStartedFiles;
+    bool m_bStarted = false;
+    std::atomic<bool> m_bCancel{false};
 };
 
 }  // namespace zv

@@ -1,5 +1,6 @@
 #include "app/MetaCommand.h"
 
+#include <algorithm>
 #include <cstdio>
 
 #include "app/CheckedOutput.h"
@@ -36,9 +37,11 @@ int RunMetaCommand(const std::vector<std::string>& aUtf8Paths, bool bJson) {
             bUnread = true;
             continue;
         }
+        // A record without a directory: its name is the whole path. Its size
+        // is the file's, as a scanned record's is.
+        CFileData file(strPath, double(std::max<int64_t>(reader.GetSize(), 0)), {}, {}, {}, 0,
+                       nullptr, false, nullptr);
         reader.Close();
-        // A record without a directory: its name is the whole path.
-        CFileData file(strPath, 0, {}, {}, {}, 0, nullptr, false, nullptr);
         MetadataValueList aValues, aMedia;
         ReadVersionMetadata(file, aValues);
         // A reader that failed may have added values before it did: they do not count.

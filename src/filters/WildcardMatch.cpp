@@ -1,5 +1,6 @@
 #include "filters/WildcardMatch.h"
 
+#include <iterator>
 #include <string>
 
 #include "platform/Text.h"
@@ -50,8 +51,22 @@ EStarOutcome MatchAfterStar(std::u16string_view strPattern, std::u16string_view 
 
 bool WildcardMatch(std::u16string_view strPattern, std::u16string_view strText, bool bEscape) {
     if (strPattern.empty()) return strText.empty();
+    // Names are short: upper-cased on the stack, as this runs for every row
+    // of a report.
+    char16_t aStack[256];
+    std::u16string strHeap;
+    char16_t* pUpper = aStack;
+    if (strText.size() > std::size(aStack)) {
+        strHeap.resize(strText.size());
+        pUpper = strHeap.data();
+    }
+    for (size_t i = 0; i < strText.size(); ++i) pUpper[i] = platform::ToUpper(strText[i]);
+    return WildcardMatchUpper(strPattern, std::u16string_view(pUpper, strText.size()), bEscape);
+}
 
-    const std::u16string strUpper = platform::ToUpperCopy(strText);
+bool WildcardMatchUpper(std::u16string_view strPattern, std::u16string_view strUpper,
+                        bool bEscape) {
+    if (strPattern.empty()) return strUpper.empty();
     size_t nPattern = 0;
     size_t nText = 0;
     while (nText < strUpper.size()) {

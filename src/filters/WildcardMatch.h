@@ -20,5 +20,9 @@ namespace zv {
 // later position. So "*AB" does not match "ABXAB", "*A?C" does not match
 // "XABC", and "ABC**" does not match "ABC": these answers are intended.
 bool WildcardMatch(std::u16string_view strPattern, std::u16string_view strText, bool bEscape);
+// The same for a text already upper-cased (platform::ToUpperCopy), which a
+// caller trying several patterns on one name upper-cases once.
+bool WildcardMatchUpper(std::u16string_view strPattern, std::u16string_view strUpper,
+                        bool bEscape);
 
 }  // namespace zv

@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <string_view>
 
+#include "core/records/RecordFileOpen.h"
 #include "platform/FileSystem.h"
 
 namespace zv {
@@ -38,13 +39,9 @@ public:
 
 class CFileByteStream : public IByteStream {
 public:
-    bool Open(std::u16string_view strPath) {
-        m_uPos = 0;
-        if (!m_file.Open(strPath, false)) return false;
-        const int64_t nSize = m_file.GetSize();
-        m_uSize = nSize > 0 ? uint64_t(nSize) : 0;
-        return nSize >= 0;
-    }
+    bool Open(std::u16string_view strPath) { return Opened(m_file.Open(strPath, false)); }
+    // The file of a record, opened relative to its directory.
+    bool Open(const CFileData& file) { return Opened(OpenRecordFile(m_file, file, false)); }
     int64_t Read(void* pBuffer, size_t uSize) override {
         int64_t nTotal = 0;
         auto* pBytes = static_cast<unsigned char*>(pBuffer);
@@ -70,6 +67,14 @@ public:
     uint64_t Position() const override { return m_uPos; }
 
 private:
+    bool Opened(bool bOpen) {
+        m_uPos = 0;
+        if (!bOpen) return false;
+        const int64_t nSize = m_file.GetSize();
+        m_uSize = nSize > 0 ? uint64_t(nSize) : 0;
+        return nSize >= 0;
+    }
+
     platform::CFileReader m_file;
     uint64_t m_uSize = 0;
     uint64_t m_uPos = 0;

@@ -27,9 +27,12 @@ std::u16string LastFourLower(std::u16string_view strName) {
 }
 
 bool AnyPatternMatches(const std::vector<CFilterEntry>& aList, std::u16string_view strName) {
-    // From the last entry to the first; the first hit decides.
+    if (aList.empty()) return false;
+    // The name upper-cased once for all the patterns; from the last entry
+    // to the first, the first hit decides.
+    const std::u16string strUpper = platform::ToUpperCopy(strName);
     for (auto it = aList.rbegin(); it != aList.rend(); ++it)
-        if (WildcardMatch(it->m_strUpper, strName, true)) return true;
+        if (WildcardMatchUpper(it->m_strUpper, strUpper, true)) return true;
     return false;
 }
 
@@ -57,26 +60,44 @@ bool IsOfficeExtension(std::u16string_view strName) {
     return false;
 }
 
+namespace {
+
+using MetadataReader = bool (*)(std::u16string_view strPath, MetadataValueList& aValues);
+
+// The reader a name goes to; null for none.
+MetadataReader ReaderOf(std::u16string_view strName) {
+    const std::u16string strLast = LastFourLower(strName);
+    if (strLast == u".wav") return ReadWavMetadata;
+    if (IsMp3Extension(strName)) return ReadMp3Metadata;
+    if (strLast == u".avi") return ReadAviMetadata;
+    if (IsInstallerExtension(strName)) return ReadInstallerMetadata;
+    if (IsOfficeExtension(strName)) return ReadOfficeMetadata;
+    return nullptr;
+}
+
+// The path is made only for a file some reader takes.
+bool ReadRecordMetadata(const CFileData& file, MetadataValueList& aValues) {
+    const MetadataReader Read = ReaderOf(file.m_strName.View());
+    return Read && Read(file.GetFullPath(), aValues);
+}
+
+}  // namespace
+
 bool ReadMetadataOfPath(std::u16string_view strPath, std::u16string_view strName,
                         MetadataValueList& aValues) {
-    const std::u16string strLast = LastFourLower(strName);
-    if (strLast == u".wav") return ReadWavMetadata(strPath, aValues);
-    if (IsMp3Extension(strName)) return ReadMp3Metadata(strPath, aValues);
-    if (strLast == u".avi") return ReadAviMetadata(strPath, aValues);
-    if (IsInstallerExtension(strName)) return ReadInstallerMetadata(strPath, aValues);
-    if (IsOfficeExtension(strName)) return ReadOfficeMetadata(strPath, aValues);
-    return false;
+    const MetadataReader Read = ReaderOf(strName);
+    return Read && Read(strPath, aValues);
 }
 
 bool ProbeFileMetadata(const CFileData& file) {
     MetadataValueList aScratch;
-    return ReadMetadataOfPath(file.GetFullPath(), file.m_strName.View(), aScratch);
+    return ReadRecordMetadata(file, aScratch);
 }
 
 bool ReadFileMetadata(CFileData& file, MetadataValueList& aValues) {
     aValues.clear();
     if ((file.m_uFlags & FILE_MEDIA_READ) && !(file.m_uFlags & FILE_HAS_MEDIA)) return false;
-    const bool bHas = ReadMetadataOfPath(file.GetFullPath(), file.m_strName.View(), aValues);
+    const bool bHas = ReadRecordMetadata(file, aValues);
     file.m_uFlags |= FILE_MEDIA_READ;
     SetFlag(file, FILE_HAS_MEDIA, bHas);
     return bHas;
@@ -96,7 +117,7 @@ bool ReadVersionMetadata(CFileData& file, MetadataValueList& aValues) {
     if (!(file.m_uFlags & FILE_HAS_VERSION) && !PassesVersionFilter(file)) return false;
     if ((file.m_uFlags & FILE_VERSION_READ) && !(file.m_uFlags & FILE_HAS_VERSION)) return false;
     file.m_uFlags |= FILE_VERSION_READ;
-    const bool bHas = ReadVersionResource(file.GetFullPath(), aValues);
+    const bool bHas = ReadVersionResource(file, aValues);
     SetFlag(file, FILE_HAS_VERSION, bHas);
     return bHas;
 }
@@ -110,12 +131,12 @@ bool PassesVersionFilter(const CFileData& file) {
 
 bool ProbeVersionMetadata(const CFileData& file) {
     MetadataValueList aScratch;
-    return PassesVersionFilter(file) && ReadVersionResource(file.GetFullPath(), aScratch);
+    return PassesVersionFilter(file) && ReadVersionResource(file, aScratch);
 }
 
 std::u16string ReadVersionText(const CFileData& file) {
     MetadataValueList aValues;
-    if (!PassesVersionFilter(file) || !ReadVersionResource(file.GetFullPath(), aValues)) return {};
+    if (!PassesVersionFilter(file) || !ReadVersionResource(file, aValues)) return {};
     const MetadataValue* pValue = FindValue(aValues, kVersionField);
     return pValue ? pValue->m_strValue : std::u16string();
 }

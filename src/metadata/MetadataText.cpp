@@ -1,5 +1,6 @@
 #include "metadata/MetadataText.h"
 
+#include <charconv>
 #include <cmath>
 #include <cstdarg>
 #include <cstdio>
@@ -80,12 +81,30 @@ std::u16string FormatDuration(double dSeconds) {
            FormatText(":%02d:%02d", int((nTotal % 3600) / 60), int(nTotal % 60));
 }
 
+void AppendDecimal(std::u16string& str, uint64_t uValue, int nMinWidth) {
+    char szDigits[24];
+    const char* pEnd = std::to_chars(szDigits, szDigits + sizeof szDigits, uValue).ptr;
+    for (int n = int(pEnd - szDigits); n < nMinWidth; ++n) str += u'0';
+    for (const char* p = szDigits; p != pEnd; ++p) str += char16_t(*p);
+}
+
 std::u16string SystemTimeText(const SYSTEMTIME& st, bool bWithTime) {
-    std::u16string str = FormatText("%02d/%02d/%04d", st.wMonth, st.wDay, st.wYear);
+    // Written digit by digit: a report prints three dates a row.
+    std::u16string str;
+    str.reserve(bWithTime ? 24 : 10);
+    AppendDecimal(str, st.wMonth, 2);
+    str += u'/';
+    AppendDecimal(str, st.wDay, 2);
+    str += u'/';
+    AppendDecimal(str, st.wYear, 4);
     if (bWithTime) {
-        const int nHour12 = st.wHour % 12 == 0 ? 12 : st.wHour % 12;
-        str += FormatText(" %02d:%02d:%02d: %s", nHour12, st.wMinute, st.wSecond,
-                          st.wHour < 12 ? "AM" : "PM");
+        str += u' ';
+        AppendDecimal(str, st.wHour % 12 == 0 ? 12u : st.wHour % 12u, 2);
+        str += u':';
+        AppendDecimal(str, st.wMinute, 2);
+        str += u':';
+        AppendDecimal(str, st.wSecond, 2);
+        str += st.wHour < 12 ? u": AM" : u": PM";
     }
     return str;
 }

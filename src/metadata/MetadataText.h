@@ -35,6 +35,9 @@ std::u16string FormatDuration(double dSeconds);
 // "MM/DD/YYYY hh:mm:ss: AM". DateText converts a UTC time to local time
 // first, gives "(unknown)" for a zero time and "" when it cannot convert.
 std::u16string SystemTimeText(const SYSTEMTIME& st, bool bWithTime);
+// The decimal digits of uValue, with leading zeros up to nMinWidth (printf's
+// "%0*u").
+void AppendDecimal(std::u16string& str, uint64_t uValue, int nMinWidth = 0);
 std::u16string DateText(FILETIME ftUtc, bool bWithTime);
 
 // Appends a value of the field of the group's table; nothing when the table

@@ -2,6 +2,7 @@
 // fields in the order of their table.
 #include <vector>
 
+#include "core/records/FileData.h"
 #include "metadata/MetadataText.h"
 #include "metadata/VersionMetadata.h"
 #include "platform/Text.h"
@@ -127,16 +128,30 @@ bool ReadVersionBlockFields(std::string_view block, MetadataValueList& aValues) 
     return true;
 }
 
-bool ReadVersionResource(std::u16string_view strPath, MetadataValueList& aValues) {
-    CFileByteStream file;
+namespace {
+
+bool ReadVersionResource(CFileByteStream& file, MetadataValueList& aValues) {
     std::string strBlock;
-    if (file.Open(strPath) && ReadPeVersionBlock(file, strBlock))
-        return ReadVersionBlockFields(strBlock, aValues);
+    if (ReadPeVersionBlock(file, strBlock)) return ReadVersionBlockFields(strBlock, aValues);
     // The section probes that stand behind a failed block read for ".dll"
     // names compare section names beyond the header bytes they read, so no
     // file passes them: a library without a readable version block has no
     // version fields.
     return false;
+}
+
+}  // namespace
+
+bool ReadVersionResource(std::u16string_view strPath, MetadataValueList& aValues) {
+    CFileByteStream file;
+    return file.Open(strPath) && ReadVersionResource(file, aValues);
+}
+
+bool ReadVersionResource(const CFileData& file, MetadataValueList& aValues) {
+    if (file.m_dSize < kMinVersionFileSize && !(file.m_uAttributes & ATTR_REPARSE_POINT))
+        return false;
+    CFileByteStream stream;
+    return stream.Open(file) && ReadVersionResource(stream, aValues);
 }
 
 }  // namespace zv

@@ -31,6 +31,19 @@ bool ReadVersionBlockFields(std::string_view block, MetadataValueList& aValues);
 // ReadVersionBlock, and the section fallback for ".dll" names.
 bool ReadVersionResource(std::u16string_view strPath, MetadataValueList& aValues);
 
+// The smallest file ReadPeVersionBlock can find a block in. The "PE\0\0"
+// signature cannot start before offset 2, behind "MZ"; its 24-byte header,
+// a PE32 optional header of at least 120 bytes (up to the resource table's
+// entry) and at least one 40-byte section entry are read in one run behind
+// it. A shorter file fails one of those reads whatever it holds.
+inline constexpr double kMinVersionFileSize = 2 + 24 + 120 + 40;
+
+// The same for the file of a record, opened relative to its directory. A
+// file the record knows to be shorter than kMinVersionFileSize is not
+// opened at all; a link is, since its record does not give the size of
+// what it leads to.
+bool ReadVersionResource(const CFileData& file, MetadataValueList& aValues);
+
 // The English name of a language id, as VerLanguageNameW gives it; empty
 // for one it does not know.
 std::u16string LanguageName(uint16_t uLanguage);

@@ -124,7 +124,8 @@ public:
     // Bytes read, 0 at the end, -1 on a read error.
     int64_t Read(void* pBuffer, size_t uSize);
     bool Seek(uint64_t uOffset);
-    // Size of the open file in bytes; -1 on failure.
+    // Size of the open file in bytes; -1 on failure. On POSIX it is the
+    // size the open found, which costs no further call.
     int64_t GetSize() const;
     void Close();
     bool IsOpen() const;

@@ -5,11 +5,12 @@
 
 #include <string>
 #include <string_view>
+#include <unordered_set>
 #include <vector>
 
 #include "core/document/Document.h"
 #include "core/records/RecordName.h"
-#include "platform/DirectoryDiskInfo.h"
+#include "platform/DirectoryHandle.h"
 #include "platform/FileSystem.h"
 #include "reports/ReportColumns.h"
 #include "reports/RowMetadata.h"
@@ -21,6 +22,11 @@ class CReportStream;
 class CReportContext {
 public:
     CReportContext(CWZorvaneDoc& doc, CReportStream& out, bool bFullPath);
+    // Cancels the checksums still being computed ahead, and waits for the
+    // workers to leave the records.
+    ~CReportContext();
+    CReportContext(const CReportContext&) = delete;
+    CReportContext& operator=(const CReportContext&) = delete;
 
     bool Flag(EPrintFlag eFlag) const { return m_doc.m_print.Flag(eFlag); }
     bool Hex() const { return m_doc.m_options.m_bCrcHex != 0; }
@@ -46,15 +52,18 @@ public:
 
     // Brings a directory's files and subdirectories into the document's sort.
     void Sort(CDirectoryData& dir) const;
-    // With the CRC column on, has the checksum workers compute the
-    // checksums of the directory's files, and of the files of the
-    // directories written next (aPending, last first, and the directory's
-    // own subdirectories), in batches ahead of the rows that print them.
-    // With the version columns on, finds which of those files have a
-    // version block in the same way.
+    // Before a directory's block: sorts the directory, and with the CRC
+    // column on makes sure the checksums its rows print are there, while
+    // the checksum workers go on with the files of the directories written
+    // next (aPending, last first, and the directory's own subdirectories),
+    // one batch ahead of the rows that print them. With the version
+    // columns on, finds which of those files have a version block.
     void PrepareRows(CDirectoryData& dir, const std::vector<CDirectoryData*>& aPending);
+    // Before a walk over another tree, whose files PrepareRows has not seen.
+    void BeginWalk() { m_bNoCrcsAhead = false; }
     // With directory checksums over subdirectories in the report, the
-    // checksums of every file below top, in large batches.
+    // checksums of every file below top, in large batches, and with the
+    // version columns on the version probes of those files meanwhile.
     void PrepareSubtreeCrcs(CDirectoryData& top);
     // Reads the metadata of a file for its row into m_row.
     const CRowMetadata& ReadRow(CFileData& file);
@@ -71,17 +80,31 @@ private:
     const platform::CFileDiskInfo& DiskInfo(CFileData& file);
     // The files that Wanted picks of dir and of the directories the walk
     // writes after it, in the walk's order; at most nMaxFiles.
+    // Directories in pSkip are neither sorted nor asked, as their records
+    // are the checksum workers'; pVisited collects the directories that gave
+    // files.
+    using DirectorySet = std::unordered_set<const CDirectoryData*>;
     std::vector<CFileData*> FilesAhead(CDirectoryData& dir,
                                        const std::vector<CDirectoryData*>& aPending,
-                                       bool (*Wanted)(const CFileData&), size_t nMaxFiles) const;
+                                       bool (*Wanted)(const CFileData&), size_t nMaxFiles,
+                                       const DirectorySet* pSkip = nullptr,
+                                       DirectorySet* pVisited = nullptr) const;
+    // Whether the rows of dir's block read records of the running batch:
+    // its own files, and its subdirectories' for their directory rows.
+    bool BlockInCrcBatch(const CDirectoryData& dir) const;
+    void FinishCrcBatch(bool bCancel);
 
     CRowMetadata m_row;
     const CFileData* m_pInfoFile = nullptr;
     platform::CFileDiskInfo m_info;
     // The rows of a block read their disk info relative to their directory.
-    platform::CDirectoryDiskInfo m_dirInfo;
+    platform::CDirectoryHandle m_dirInfo;
     const CDirectoryData* m_pInfoDir = nullptr;
     const CDirectoryData* m_pPathDir = nullptr;
+    // The batch the checksum workers run ahead of the writer, by directory.
+    bool m_bCrcBatchRunning = false;
+    bool m_bNoCrcsAhead = false;
+    DirectorySet m_aCrcBatchDirs;
     std::u16string m_strPathDir;
 };
 

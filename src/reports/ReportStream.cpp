@@ -1,5 +1,7 @@
 #include "reports/ReportStream.h"
 
+#include <algorithm>
+
 namespace zv {
 
 CReportStream::CReportStream(IReportSink& sink, bool bUnicode)
@@ -11,8 +13,37 @@ CReportStream::CReportStream(IReportSink& sink, bool bUnicode)
 CReportStream::~CReportStream() { Finish(); }
 
 CReportStream& CReportStream::operator<<(std::u16string_view strText) {
-    for (char16_t ch : strText) Put(ch);
+    size_t i = 0;
+    while (i < strText.size()) {
+        // Runs of plain ASCII, most of every report, go in whole.
+        size_t nEnd = i;
+        if (!m_chPendingHigh)
+            while (nEnd < strText.size() && strText[nEnd] < 0x80 && strText[nEnd] != u'\n') ++nEnd;
+        if (nEnd == i) {
+            Put(strText[i++]);
+            continue;
+        }
+        PutAscii(strText.data() + i, nEnd - i);
+        i = nEnd;
+    }
     return *this;
+}
+
+void CReportStream::PutAscii(const char16_t* pText, size_t nCount) {
+    const size_t nUnit = m_bUnicode ? 2 : 1;
+    while (nCount > 0) {
+        const size_t nChunk = std::min(nCount, kBufferSize / 4);
+        Reserve(nChunk * nUnit);
+        const size_t nAt = m_strBuffer.size();
+        m_strBuffer.resize(nAt + nChunk * nUnit);
+        char* pOut = m_strBuffer.data() + nAt;
+        for (size_t n = 0; n < nChunk; ++n) {
+            *pOut++ = static_cast<char>(pText[n]);
+            if (m_bUnicode) *pOut++ = 0;
+        }
+        pText += nChunk;
+        nCount -= nChunk;
+    }
 }
 
 CReportStream& CReportStream::operator<<(std::string_view strAscii) {

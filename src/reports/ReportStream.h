@@ -48,6 +48,8 @@ public:
 
 private:
     void Put(char16_t ch);
+    // Characters below 0x80 other than a line end.
+    void PutAscii(const char16_t* pText, size_t nCount);
     void PutCodePoint(char32_t ch);
     void Reserve(size_t nBytes) {
         if (m_strBuffer.size() + nBytes > kBufferSize) Drain();

@@ -14,6 +14,8 @@ void CRowMetadata::Read(CFileData& file, const CReportColumns& columns) {
     if (columns.AnyVersion()) m_bHasVersion = ReadVersionMetadata(file, m_aVersion);
     if (!columns.AnyMetadata()) return;
     m_bHasMetadata = ReadFileMetadata(file, m_aValues);
+    // The groups matter only to a row with values, which few rows have.
+    if (!m_bHasMetadata) return;
     const std::u16string_view strName = file.m_strName;
     std::u16string strTail(strName.substr(strName.size() < 4 ? 0 : strName.size() - 4));
     for (char16_t& ch : strTail)

@@ -9,11 +9,11 @@ namespace zv {
 
 void WalkTree(CReportContext& ctx, CDirectoryData& root,
               const std::function<void(CDirectoryData&)>& writeBlock) {
+    ctx.BeginWalk();
     std::vector<CDirectoryData*> aStack{&root};
     while (!aStack.empty() && !ctx.Stopped()) {
         CDirectoryData& dir = *aStack.back();
         aStack.pop_back();
-        ctx.Sort(dir);
         ctx.PrepareRows(dir, aStack);
         writeBlock(dir);
         for (size_t i = dir.m_aChildren.GetSize(); i-- > 0;) aStack.push_back(dir.m_aChildren[i]);

@@ -1,5 +1,6 @@
 #include "reports/ValueText.h"
 
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 #include <ctime>
@@ -30,9 +31,9 @@ const std::optional<platform::CDateLocale>& DateLocale() {
 }
 
 std::u16string Digits(unsigned nValue, int nWidth) {
-    char szText[16];
-    std::snprintf(szText, sizeof szText, "%0*u", nWidth, nValue);
-    return platform::U16(szText);
+    std::u16string strText;
+    AppendDecimal(strText, nValue, nWidth);
+    return strText;
 }
 
 std::u16string LocaleDateTime(const platform::CDateLocale& loc, const SYSTEMTIME& st,
@@ -68,9 +69,12 @@ std::u16string LocaleDateTime(const platform::CDateLocale& loc, const SYSTEMTIME
 }
 
 void AppendCsvQuoted(std::u16string& strLine, std::u16string_view strValue) {
-    strLine += u'"';
-    for (char16_t ch : strValue) strLine += ch == u'"' ? u'\'' : ch;
-    strLine += u'"';
+    const size_t nAt = strLine.size();
+    strLine.resize(nAt + strValue.size() + 2);
+    char16_t* pOut = strLine.data() + nAt;
+    *pOut++ = u'"';
+    for (char16_t ch : strValue) *pOut++ = ch == u'"' ? u'\'' : ch;
+    *pOut = u'"';
 }
 
 }  // namespace
@@ -122,8 +126,11 @@ std::u16string FormatAttributes(uint32_t uAttributes) {
 
 std::u16string HexDigits(uint32_t uValue) {
     char szText[16];
-    std::snprintf(szText, sizeof szText, "%X", uValue);
-    return platform::U16(szText);
+    const char* pEnd = std::to_chars(szText, szText + sizeof szText, uValue, 16).ptr;
+    std::u16string strText;
+    for (const char* p = szText; p != pEnd; ++p)
+        strText += *p >= 'a' ? char16_t(*p - 'a' + 'A') : char16_t(*p);
+    return strText;
 }
 
 std::u16string FormatCrcDir(uint32_t uCrc, bool bHex) {
@@ -215,6 +222,10 @@ std::u16string PadLeft(std::u16string_view strText, size_t nWidth) {
     return strOut;
 }
 
-std::u16string DecimalText(int64_t nValue) { return platform::U16(std::to_string(nValue)); }
+std::u16string DecimalText(int64_t nValue) {
+    char szText[24];
+    const char* pEnd = std::to_chars(szText, szText + sizeof szText, nValue).ptr;
+    return std::u16string(static_cast<const char*>(szText), pEnd);
+}
 
 }  // namespace zv

@@ -127,6 +127,33 @@ TEST_F(CrcPoolTest, RequestDuringABatchReturnsAtOnceAndComputesNothing) {
         EXPECT_EQ(pFile->m_uFlags & (FILE_CRC_VALID | FILE_PARTIAL_CRC_VALID), 0u);
 }
 
+// A started batch runs while the caller goes on; the pool is busy until it
+// is finished, and a cancel leaves the files the workers had not begun,
+// which compute their checksums when next asked.
+TEST_F(CrcPoolTest, StartedBatchRunsAheadAndACancelLeavesTheFilesNotBegun) {
+    CTestServices services;
+    services.m_bHeld = true;
+    const std::vector<CFileData*> aFiles = AddFiles(9, "a");
+    ASSERT_TRUE(services.Pool().StartCrcs(aFiles));
+    EXPECT_TRUE(CCrcThreadPool::IsBusy());
+    EXPECT_FALSE(services.Pool().StartCrcs(AddFiles(1, "b")));
+    // Each worker is inside its first file.
+    const auto tLimit = std::chrono::steady_clock::now() + std::chrono::seconds(20);
+    for (;;) {
+        std::lock_guard lock(services.m_mutex);
+        if (services.m_mapThreads.size() == 3 || std::chrono::steady_clock::now() > tLimit) break;
+    }
+    m_host.m_onPump = [&] { services.m_bHeld = false; };
+    services.Pool().FinishCrcs(true);
+
+    EXPECT_FALSE(CCrcThreadPool::IsBusy());
+    for (size_t i = 0; i < aFiles.size(); ++i)
+        EXPECT_EQ((aFiles[i]->m_uFlags & FILE_CRC_VALID) != 0, i < 3) << i;
+    bool bFailed = false;
+    EXPECT_EQ(aFiles[8]->GetCrc(), Crc32OfFile(aFiles[8]->GetFullPath(), bFailed, 0));
+    services.Pool().FinishCrcs(false);  // nothing started: returns at once
+}
+
 // Texts up to 100% stay progress texts, and the worker never pumps.
 TEST_F(CrcPoolTest, WorkersReportProgressWithoutPumping) {
     CTestServices services;

@@ -17,9 +17,10 @@ TEST(ProgramServicesTest, VersionNameListLeavesTheBitsOfAFileItHoldsBack) {
     SetMainDocument(&doc);
     doc.m_filters.AddEntry(FilterVersionFiles, u"*.exe");
     test::CTempDir dir;
-    const auto path = dir.WriteFile("version.txt", test::FixtureBytes("version.exe"));
-    CFileData file(path.u16string(), 0, FILETIME{}, FILETIME{}, FILETIME{}, 0, nullptr, false,
-                   nullptr);
+    const std::string strBytes = test::FixtureBytes("version.exe");
+    const auto path = dir.WriteFile("version.txt", strBytes);
+    CFileData file(path.u16string(), double(strBytes.size()), FILETIME{}, FILETIME{}, FILETIME{},
+                   0, nullptr, false, nullptr);
 
     EXPECT_FALSE(file.HasVersionInfo());
     EXPECT_EQ(file.m_uFlags & (FILE_VERSION_READ | FILE_HAS_VERSION), 0u);

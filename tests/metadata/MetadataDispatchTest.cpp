@@ -6,6 +6,7 @@
 #include "core/document/Document.h"
 #include "core/records/FileData.h"
 #include "metadata/MetadataFields.h"
+#include "metadata/VersionMetadata.h"
 #include "platform/Text.h"
 #include "support/TempDir.h"
 
@@ -19,9 +20,11 @@ protected:
 
     // A record whose name is the whole path of a copy of the fixture.
     CFileData& Copy(const char* pszFixture, const char* pszName) {
-        const auto path = m_dir.WriteFile(pszName, test::FixtureBytes(pszFixture));
-        m_aFiles.push_back(std::make_unique<CFileData>(path.u16string(), 0, FILETIME{}, FILETIME{},
-                                                       FILETIME{}, 0, nullptr, false, nullptr));
+        const std::string strBytes = test::FixtureBytes(pszFixture);
+        const auto path = m_dir.WriteFile(pszName, strBytes);
+        m_aFiles.push_back(std::make_unique<CFileData>(path.u16string(), double(strBytes.size()),
+                                                       FILETIME{}, FILETIME{}, FILETIME{}, 0,
+                                                       nullptr, false, nullptr));
         return *m_aFiles.back();
     }
 
@@ -76,6 +79,27 @@ TEST_F(MetadataDispatch, VersionNameList) {
     CFileData& none = Copy("info.wav", "none.exe");
     EXPECT_FALSE(ReadVersionMetadata(none, aValues));
     EXPECT_EQ(none.m_uFlags & (FILE_VERSION_READ | FILE_HAS_VERSION), FILE_VERSION_READ);
+}
+
+TEST_F(MetadataDispatch, AFileTheRecordKnowsTooSmallIsNotOpenedForItsVersion) {
+    // The record's size decides, exactly at the bound; a link's record has
+    // no size of what it leads to and is always read.
+    const struct {
+        double dRecordSize;
+        uint32_t uAttributes;
+        bool bHas;
+    } aCases[] = {{kMinVersionFileSize - 1, 0, false},
+                  {kMinVersionFileSize, 0, true},
+                  {0, ATTR_REPARSE_POINT, true}};
+    for (const auto& c : aCases) {
+        CFileData& file = Copy("version.exe", "version.exe");
+        file.m_dSize = c.dRecordSize;
+        file.m_uAttributes = c.uAttributes;
+        MetadataValueList aValues;
+        EXPECT_EQ(ReadVersionMetadata(file, aValues), c.bHas) << c.dRecordSize;
+        EXPECT_EQ(file.m_uFlags & (FILE_VERSION_READ | FILE_HAS_VERSION),
+                  FILE_VERSION_READ | (c.bHas ? FILE_HAS_VERSION : 0u));
+    }
 }
 
 TEST_F(MetadataDispatch, OfficeAndInstallerNames) {

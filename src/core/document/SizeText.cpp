@@ -1,5 +1,6 @@
 #include "core/document/SizeText.h"
 
+#include <charconv>
 #include <cmath>
 #include <cstdio>
 
@@ -10,21 +11,28 @@ namespace zv {
 
 std::u16string GroupThousands(std::u16string_view strDigits) {
     const char16_t chSeparator = platform::GetThousandsSeparator();
-    std::u16string strReversed;
-    size_t nEmitted = 0;
-    for (size_t i = strDigits.size(); i-- > 0;) {
-        strReversed += strDigits[i];
-        if (++nEmitted % 3 == 0 && i != 0) strReversed += chSeparator;
+    std::u16string strOut;
+    strOut.reserve(strDigits.size() + strDigits.size() / 3);
+    for (size_t i = 0; i < strDigits.size(); ++i) {
+        if (i != 0 && (strDigits.size() - i) % 3 == 0) strOut += chSeparator;
+        strOut += strDigits[i];
     }
-    return std::u16string(strReversed.rbegin(), strReversed.rend());
+    return strOut;
 }
 
 std::u16string FormatNumber(double dValue) {
     if (dValue >= 1e15 || dValue < 0) return {};
     char szDigits[32];
-    std::snprintf(szDigits, sizeof szDigits, "%.0f", dValue);
-    const std::string strDigits(szDigits);
-    return GroupThousands(std::u16string(strDigits.begin(), strDigits.end()));
+    size_t nLength;
+    // Sizes are whole numbers: their digits without the printf machinery,
+    // which every row of a report would pay for.
+    if (dValue == std::floor(dValue)) {
+        nLength = size_t(
+            std::to_chars(szDigits, szDigits + sizeof szDigits, uint64_t(dValue)).ptr - szDigits);
+    } else {
+        nLength = size_t(std::snprintf(szDigits, sizeof szDigits, "%.0f", dValue));
+    }
+    return GroupThousands(std::u16string(szDigits, szDigits + nLength));
 }
 
 std::u16string FormatSize(double dValue, int nSizeUnit, std::u16string_view strUnitName,

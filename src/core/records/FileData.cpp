@@ -1,7 +1,8 @@
 #include "core/records/FileData.h"
 
+#include <charconv>
 #include <cmath>
-#include <cstdio>
+#include <cstring>
 
 #include "core/records/ClusterRounding.h"
 #include "core/records/Crc32.h"
@@ -147,12 +148,14 @@ void CFileData::SetCrc(uint32_t uCrc) {
 namespace {
 
 std::u16string CrcToText(uint32_t uCrc, bool bHexadecimal, const char* pszHexPrefix) {
-    char szText[16];
-    if (bHexadecimal)
-        std::snprintf(szText, sizeof szText, "%s%X", pszHexPrefix, static_cast<unsigned>(uCrc));
-    else
-        std::snprintf(szText, sizeof szText, "%u", static_cast<unsigned>(uCrc));
-    return std::u16string(szText, szText + std::char_traits<char>::length(szText));
+    std::u16string strText;
+    if (bHexadecimal) strText.assign(pszHexPrefix, pszHexPrefix + std::strlen(pszHexPrefix));
+    char szDigits[16];
+    const char* pEnd =
+        std::to_chars(szDigits, szDigits + sizeof szDigits, uCrc, bHexadecimal ? 16 : 10).ptr;
+    for (const char* p = szDigits; p != pEnd; ++p)
+        strText += *p >= 'a' ? char16_t(*p - 'a' + 'A') : char16_t(*p);
+    return strText;
 }
 
 }  // namespace

@@ -46,6 +46,10 @@ void IRecordServices::ComputeCrcs(const std::vector<CFileData*>& aFiles) {
     for (CFileData* pFile : aFiles) pFile->GetCrc();
 }
 
+void IRecordServices::StartCrcs(std::vector<CFileData*> aFiles) { ComputeCrcs(aFiles); }
+
+void IRecordServices::FinishCrcs(bool) {}
+
 const std::u16string* IRecordServices::LookupOwner(const std::u16string& strPath) {
     // Through the scan's owner caches: most files share a few owners.
     std::u16string strOwner;

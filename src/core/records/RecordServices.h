@@ -28,6 +28,14 @@ public:
     virtual uint32_t Crc32OfBlock(const void* pData, size_t uLength);
     // Makes sure every file of the list has its whole-file checksum.
     virtual void ComputeCrcs(const std::vector<CFileData*>& aFiles);
+    // The same on other threads: returns at once, and until FinishCrcs
+    // returns no other code may touch the records of the list (their
+    // checksums are being written). One such batch at a time. The default
+    // computes them here and now.
+    virtual void StartCrcs(std::vector<CFileData*> aFiles);
+    // Waits for the batch StartCrcs started, if any. With bCancel the files
+    // not begun yet are left; they compute their checksums when next asked.
+    virtual void FinishCrcs(bool bCancel);
     // Owner name of a path; null when it cannot be told.
     virtual const std::u16string* LookupOwner(const std::u16string& strPath);
     // Whether the version name list lets the file be asked at all; a file it

@@ -425,6 +425,7 @@ void CDirectoryReader::Close() { m_pImpl.reset(); }
 
 struct CFileReader::Impl {
     int nFd = -1;
+    int64_t nSize = -1;  // from the check that the open makes anyway
 };
 
 CFileReader::CFileReader() : m_pImpl(std::make_unique<Impl>()) {}
@@ -449,6 +450,7 @@ bool CFileReader::OpenAt(int nDirFd, const std::string& strName, bool bSequentia
     // file never block on it, so it stays set (two calls fewer per file).
     if (bSequential) posix_fadvise(nFd, 0, 0, POSIX_FADV_SEQUENTIAL);
     m_pImpl->nFd = nFd;
+    m_pImpl->nSize = int64_t(st.st_size);
     return true;
 }
 
@@ -467,11 +469,7 @@ bool CFileReader::Seek(uint64_t uOffset) {
     return lseek(m_pImpl->nFd, off_t(uOffset), SEEK_SET) != off_t(-1);
 }
 
-int64_t CFileReader::GetSize() const {
-    struct stat st;
-    if (!IsOpen() || fstat(m_pImpl->nFd, &st) != 0) return -1;
-    return int64_t(st.st_size);
-}
+int64_t CFileReader::GetSize() const { return IsOpen() ? m_pImpl->nSize : -1; }
 
 void CFileReader::Close() {
     if (!IsOpen()) return;
