@@ -65,6 +65,7 @@ int RunReportCommand(const CReportCommandOptions& options) {
                                                              {"html", PrintTypeHtml},
                                                              {"xml", PrintTypeXml}};
     CCommandScan command(options.m_scan);
+    command.LeaveDocumentToExit();
     const int nStatus = command.Prepare();
     if (nStatus != 0) return nStatus;
     CWZorvaneDoc& doc = command.Doc();
