@@ -15,6 +15,7 @@
 #include "core/state/RememberedLists.h"
 #include "filters/FilterChecks.h"
 #include "ui/DuplicateOptionsDlg.h"
+#include "ui/FilterListDlg.h"
 #include "ui/WxText.h"
 #include "ui/logic/DupFilterEdit.h"
 #include "ui/logic/FilterListEdit.h"
@@ -64,11 +65,7 @@ CDupFilterDlg::CDupFilterDlg(wxWindow* pParent, CWZorvaneDoc& doc, EFilterList e
     Fill();
 }
 
-void CDupFilterDlg::Fill() {
-    m_pEntries->Clear();
-    const std::vector<CFilterEntry>& aList = m_doc.m_filters.List(m_eList);
-    for (size_t i : ShownFilterEntries(aList)) m_pEntries->Append(ToWx(aList[i].m_strText));
-}
+void CDupFilterDlg::Fill() { FillFilterEntries(*m_pEntries, m_doc.m_filters, m_eList); }
 
 void CDupFilterDlg::Add(const wxString& strText) {
     // Reading a file's checksum or a directory tree takes a moment.

@@ -46,11 +46,13 @@ CFilterListDlg::CFilterListDlg(wxWindow* pParent, CWZorvaneDoc& doc, EFilterList
     Fill();
 }
 
-void CFilterListDlg::Fill() {
-    m_pEntries->Clear();
-    const std::vector<CFilterEntry>& aList = m_doc.m_filters.List(m_eList);
-    for (size_t i : ShownFilterEntries(aList)) m_pEntries->Append(ToWx(aList[i].m_strText));
+void FillFilterEntries(wxListBox& list, const CFilterSet& filters, EFilterList eList) {
+    list.Clear();
+    const std::vector<CFilterEntry>& aList = filters.List(eList);
+    for (size_t i : ShownFilterEntries(aList)) list.Append(ToWx(aList[i].m_strText));
 }
+
+void CFilterListDlg::Fill() { FillFilterEntries(*m_pEntries, m_doc.m_filters, m_eList); }
 
 void CFilterListDlg::OnAdd(wxCommandEvent&) {
     const std::u16string strText = FromWx(m_pEdit->GetValue().Strip(wxString::both));

@@ -30,4 +30,7 @@ private:
     wxTextCtrl* m_pEdit;
 };
 
+// Shows the list's entries that a user typed, in the list box.
+void FillFilterEntries(wxListBox& list, const CFilterSet& filters, EFilterList eList);
+
 }  // namespace zv
