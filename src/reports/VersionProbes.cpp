@@ -6,6 +6,7 @@
 #include <thread>
 
 #include "core/records/FileData.h"
+#include "core/records/RecordFileOpen.h"
 #include "metadata/MetadataFields.h"
 #include "metadata/MetadataRecords.h"
 
@@ -29,6 +30,7 @@ void ProbeVersionBlocks(const std::vector<CFileData*>& aFiles) {
         for (size_t i; (i = nNext.fetch_add(1)) < aFiles.size();) {
             ReadVersionMetadata(*aFiles[i], aScratch);
         }
+        CloseRecordDirectories();
     };
     const size_t nThreads = std::min(kProbeThreads, aFiles.size() / kFilesPerThread);
     std::vector<std::thread> aThreads;

@@ -54,9 +54,14 @@ struct COpenDirectories {
     }
 };
 
+// A plain pointer, not a thread-local object: MinGW's emulated thread
+// storage may be freed before a thread-local destructor runs at thread exit,
+// which then reads freed memory. CloseRecordDirectories deletes it instead.
+thread_local COpenDirectories* t_pOpen = nullptr;
+
 COpenDirectories& ThreadDirectories() {
-    thread_local COpenDirectories s_open;
-    return s_open;
+    if (!t_pOpen) t_pOpen = new COpenDirectories;
+    return *t_pOpen;
 }
 
 }  // namespace
@@ -72,7 +77,10 @@ bool OpenRecordFile(platform::CFileReader& reader, const CFileData& file, bool b
     return reader.Open(file.GetFullPath(), bSequential);
 }
 
-void CloseRecordDirectories() { ThreadDirectories().CloseAll(); }
+void CloseRecordDirectories() {
+    delete t_pOpen;
+    t_pOpen = nullptr;
+}
 
 void ForgetRecordDirectories() { s_uGeneration.fetch_add(1, std::memory_order_release); }
 

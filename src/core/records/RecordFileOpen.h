@@ -16,7 +16,8 @@ bool OpenRecordFile(platform::CFileReader& reader, const CFileData& file, bool b
 
 // Closes the directories this thread keeps open: a thread that has finished
 // a pass calls it, so that no directory stays busy (a volume could not be
-// unmounted while it did).
+// unmounted while it did). A thread that opened record files calls it
+// before it ends, or its handles stay open until the process ends.
 void CloseRecordDirectories();
 
 // Makes every thread open its directories afresh. Called whenever a
