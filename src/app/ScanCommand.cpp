@@ -19,8 +19,8 @@ int RunScanCommand(const CScanCommandOptions& options) {
     out.Write(options.m_bJson ? FormatSummaryJson(summary)
                               : FormatSummaryText(summary, options.m_bNullEnds));
     const bool bWritten = out.Finish();
-    return ExitStatusOf(summary.m_bStopped, !bWritten || !summary.m_aProtected.empty() ||
-                                                command.ReportsLeftOut());
+    return ExitStatusOf(summary.m_bStopped,
+                        !bWritten || !summary.m_aProtected.empty() || command.ReportsLeftOut());
 }
 
 }  // namespace zv

@@ -22,7 +22,6 @@ namespace zv {
 bool WildcardMatch(std::u16string_view strPattern, std::u16string_view strText, bool bEscape);
 // The same for a text already upper-cased (platform::ToUpperCopy), which a
 // caller trying several patterns on one name upper-cases once.
-bool WildcardMatchUpper(std::u16string_view strPattern, std::u16string_view strUpper,
-                        bool bEscape);
+bool WildcardMatchUpper(std::u16string_view strPattern, std::u16string_view strUpper, bool bEscape);
 
 }  // namespace zv

@@ -141,8 +141,7 @@ void CReportContext::PrepareRows(CDirectoryData& dir,
     if (bFileRows && m_columns.AnyVersion() &&
         std::any_of(dir.m_aFiles.begin(), dir.m_aFiles.end(),
                     [](const CFileData* pFile) { return NeedsVersionProbe(*pFile); }))
-        ProbeVersionBlocks(
-            FilesAhead(dir, aPending, NeedsVersionProbe, kVersionBatchFiles, pBusy));
+        ProbeVersionBlocks(FilesAhead(dir, aPending, NeedsVersionProbe, kVersionBatchFiles, pBusy));
     // File rows print file checksums; directory rows and totals print the
     // checksums of a directory's files folded.
     if (!Flag(PrintCrc) || (!bFileRows && Flag(PrintNoDirs) && !Flag(PrintDirTotals))) return;

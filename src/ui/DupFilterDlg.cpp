@@ -99,11 +99,7 @@ void CDupFilterDlg::OnBrowse(wxCommandEvent&) {
 }
 
 void CDupFilterDlg::OnRemove(wxCommandEvent&) {
-    wxArrayInt aSelections;
-    m_pEntries->GetSelections(aSelections);
-    std::vector<CFilterEntry>& aList = m_doc.m_filters.List(m_eList);
-    const std::vector<size_t> aShown = ShownFilterEntries(aList);
-    for (int n : aSelections) aList[aShown[static_cast<size_t>(n)]].m_bRemoved = 1;
+    MarkSelectedFilterEntriesRemoved(*m_pEntries, m_doc.m_filters, m_eList);
     Fill();
 }
 

@@ -52,6 +52,15 @@ void FillFilterEntries(wxListBox& list, const CFilterSet& filters, EFilterList e
     for (size_t i : ShownFilterEntries(aList)) list.Append(ToWx(aList[i].m_strText));
 }
 
+void MarkSelectedFilterEntriesRemoved(const wxListBox& list, CFilterSet& filters,
+                                      EFilterList eList) {
+    wxArrayInt aSelections;
+    list.GetSelections(aSelections);
+    std::vector<CFilterEntry>& aList = filters.List(eList);
+    const std::vector<size_t> aShown = ShownFilterEntries(aList);
+    for (int n : aSelections) aList[aShown[static_cast<size_t>(n)]].m_bRemoved = 1;
+}
+
 void CFilterListDlg::Fill() { FillFilterEntries(*m_pEntries, m_doc.m_filters, m_eList); }
 
 void CFilterListDlg::OnAdd(wxCommandEvent&) {
@@ -68,11 +77,7 @@ void CFilterListDlg::OnAdd(wxCommandEvent&) {
 }
 
 void CFilterListDlg::OnRemove(wxCommandEvent&) {
-    wxArrayInt aSelections;
-    m_pEntries->GetSelections(aSelections);
-    std::vector<CFilterEntry>& aList = m_doc.m_filters.List(m_eList);
-    const std::vector<size_t> aShown = ShownFilterEntries(aList);
-    for (int n : aSelections) aList[aShown[static_cast<size_t>(n)]].m_bRemoved = 1;
+    MarkSelectedFilterEntriesRemoved(*m_pEntries, m_doc.m_filters, m_eList);
     Fill();
 }
 

@@ -32,5 +32,8 @@ private:
 
 // Shows the list's entries that a user typed, in the list box.
 void FillFilterEntries(wxListBox& list, const CFilterSet& filters, EFilterList eList);
+// Marks the entries selected in the list box removed (until OK or Cancel).
+void MarkSelectedFilterEntriesRemoved(const wxListBox& list, CFilterSet& filters,
+                                      EFilterList eList);
 
 }  // namespace zv

@@ -19,8 +19,8 @@ TEST(ProgramServicesTest, VersionNameListLeavesTheBitsOfAFileItHoldsBack) {
     test::CTempDir dir;
     const std::string strBytes = test::FixtureBytes("version.exe");
     const auto path = dir.WriteFile("version.txt", strBytes);
-    CFileData file(path.u16string(), double(strBytes.size()), FILETIME{}, FILETIME{}, FILETIME{},
-                   0, nullptr, false, nullptr);
+    CFileData file(path.u16string(), double(strBytes.size()), FILETIME{}, FILETIME{}, FILETIME{}, 0,
+                   nullptr, false, nullptr);
 
     EXPECT_FALSE(file.HasVersionInfo());
     EXPECT_EQ(file.m_uFlags & (FILE_VERSION_READ | FILE_HAS_VERSION), 0u);

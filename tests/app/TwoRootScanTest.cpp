@@ -20,8 +20,8 @@ namespace fs = std::filesystem;
 
 void MakeTree(const test::CTempDir& temp, const std::string& strRoot, int nVariant) {
     for (int nDir = 0; nDir < 6; ++nDir) {
-        const std::string strDir = strRoot + "/d" + std::to_string(nDir) + "/sub" +
-                                   std::to_string(nDir % 3);
+        const std::string strDir =
+            strRoot + "/d" + std::to_string(nDir) + "/sub" + std::to_string(nDir % 3);
         fs::create_directories(temp.Path() / strDir);
         for (int nFile = 0; nFile < 5 + nVariant; ++nFile)
             temp.WriteFile(strDir + "/f" + std::to_string(nFile),

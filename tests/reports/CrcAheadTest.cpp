@@ -6,7 +6,6 @@
 #include <vector>
 
 #include "core/host/Host.h"
-
 #include "reports/ReportTestSupport.h"
 
 namespace zv {
@@ -109,8 +108,9 @@ TEST(CrcAhead, BatchesRunAheadWithoutRacesAndAStopCancelsTheLastOne) {
         CStringSink sink;
         {
             CReportStream out(sink, false);
-            EXPECT_EQ(WriteMainReport(doc, out, PrintTypeExcel, ReportAllDirectories, nullptr, false),
-                      !bStop);
+            EXPECT_EQ(
+                WriteMainReport(doc, out, PrintTypeExcel, ReportAllDirectories, nullptr, false),
+                !bStop);
         }
         EXPECT_GT(services.m_nStarted, 1) << bStop;
         EXPECT_EQ(services.m_nEarlyReads, 0) << bStop;

@@ -27,8 +27,8 @@ std::u16string FormatNumber(double dValue) {
     // Sizes are whole numbers: their digits without the printf machinery,
     // which every row of a report would pay for.
     if (dValue == std::floor(dValue)) {
-        nLength = size_t(
-            std::to_chars(szDigits, szDigits + sizeof szDigits, uint64_t(dValue)).ptr - szDigits);
+        nLength = size_t(std::to_chars(szDigits, szDigits + sizeof szDigits, uint64_t(dValue)).ptr -
+                         szDigits);
     } else {
         nLength = size_t(std::snprintf(szDigits, sizeof szDigits, "%.0f", dValue));
     }
